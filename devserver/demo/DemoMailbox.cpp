@@ -8,7 +8,7 @@
 namespace {
 std::vector<DemoMessage> demoMessages(std::chrono::system_clock::time_point now) {
     Mailbag bag(now);
-    for (const auto addTheme : {addHarbourThreads})
+    for (const auto addTheme : {addHarbourThreads, addOfficeThreads, addFamilyThreads, addArchivedThreads})
         addTheme(bag);
     return bag.messages();
 }

@@ -4,3 +4,6 @@
 
 // Each adds the messages of one theme.
 void addHarbourThreads(Mailbag &bag);
+void addOfficeThreads(Mailbag &bag);
+void addFamilyThreads(Mailbag &bag);
+void addArchivedThreads(Mailbag &bag);
