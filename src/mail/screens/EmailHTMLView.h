@@ -1,0 +1,82 @@
+#pragma once
+
+#include "mail/EmailHTMLCoordinator.h"
+#include "platform/desktop/WebView.h"
+
+#include <QWidget>
+
+class PlainMailView;
+class ScrollingColumn;
+
+/// Shows the HTML body of a message. It is as tall as its content, up to millions of pixels, and belongs into a scroll
+/// area that scrolls it together with what stands above and below. The web view inside is only as tall as the scroll
+/// area's window: it stands still while the body passes by, and its page is scrolled instead.
+class EmailHTMLView final : public QWidget, private WebViewDelegate {
+    Q_OBJECT
+
+public:
+    explicit EmailHTMLView(QWidget *parent = nullptr);
+    ~EmailHTMLView() override;
+
+    /// Makes the first message as quick as the next; for idle time.
+    static void warmUp();
+
+    void setHtml(const QString &html);
+    void setTheme(const ThemeDefinition &theme);
+    void setShowImages(bool showImages);
+    qreal contentHeight() const { return m_coordinator.contentHeight(); }
+
+    /// Selects the next match and scrolls the column to it; an empty text ends the search.
+    void findText(const QString &text, bool backward = false);
+    QString selectedText() const;
+
+public Q_SLOTS:
+    void copySelection();
+    void selectAll();
+    void zoomIn();
+    void zoomOut();
+    void resetZoom();
+
+Q_SIGNALS:
+    void contentHeightChanged(qreal height);
+    void linkActivated(const QUrl &url);
+    /// The page is on the screen.
+    void painted();
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+
+private:
+    void webViewDidFinish() override;
+    void webViewDidPaint() override;
+    void webViewDidReceiveMessage(const QString &name, const QVariant &body) override;
+    void webViewDidActivateLink(const QUrl &url) override;
+    void webViewProcessDidTerminate() override;
+
+    void scheduleUpdate();
+    void applyInputs();
+    void load(const QByteArray &page, bool showImages);
+    bool makeWebView();
+    void watchInput(QObject *child);
+    void dropWebView();
+    void showAsText(const QString &reason);
+    void applyHeight();
+    void place();
+    void followPage(qreal pageOffset);
+    void setMagnification(qreal factor);
+    bool handleInput(QEvent *event);
+    bool handleWheel(QEvent *event);
+    bool handleKey(QEvent *event);
+
+    EmailHTMLInputs m_inputs;
+    EmailHTMLCoordinator m_coordinator;
+    ScrollingColumn *m_column;
+    QWidget *m_cover;
+    PlainMailView *m_plainView = nullptr;
+    std::unique_ptr<WebView> m_webView;
+    bool m_updateScheduled = false;
+    bool m_hasReloaded = false;
+    qreal m_magnification = 1;
+    int m_sentOffset = -1;
+};
