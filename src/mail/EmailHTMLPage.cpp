@@ -71,7 +71,8 @@ QString rewriteColorSchemeRules(const QString &html, const QString &scheme) {
         rewritten += rule.captured(1).toLower() == scheme ? u"@media all"_s : u"@media not all"_s;
         copied = rule.capturedEnd();
     }
-    return copied == 0 ? html : rewritten + QStringView(html).mid(copied);
+    rewritten += QStringView(html).mid(copied);
+    return rewritten;
 }
 
 QString emailHTMLPage(const QString &html, const ThemeDefinition &theme, bool showImages) {

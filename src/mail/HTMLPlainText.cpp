@@ -34,7 +34,8 @@ QString character(const QString &entity) {
         return named.value(entity, u'&' + entity + u';');
     const bool isHexadecimal = entity.startsWith(u"#x"_s, Qt::CaseInsensitive);
     const auto code = entity.mid(isHexadecimal ? 2 : 1).toUInt(nullptr, isHexadecimal ? 16 : 10);
-    return code == 0 || code > QChar::LastValidCodePoint ? QString() : QString(QChar::fromUcs4(code));
+    const char32_t point = code;
+    return code == 0 || code > QChar::LastValidCodePoint ? QString() : QString::fromUcs4(&point, 1);
 }
 
 QString withCharacters(const QString &text) {
@@ -47,7 +48,8 @@ QString withCharacters(const QString &text) {
         result += character(match.captured(1));
         copied = match.capturedEnd();
     }
-    return result + QStringView(text).mid(copied);
+    result += QStringView(text).mid(copied);
+    return result;
 }
 
 } // namespace

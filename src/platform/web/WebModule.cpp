@@ -1,0 +1,33 @@
+#include "platform/web/WebModule.h"
+
+#include "platform/web/EngineWebView.h"
+#include "platform/web/PageScheme.h"
+
+#include <QQuickWindow>
+
+namespace {
+
+// Each switch was measured with one message open, over the whole process tree.
+constexpr auto engineSwitches =
+    "--renderer-process-limit=1 "
+    "--disable-dev-shm-usage "
+    "--disable-features=PreloadMediaEngagementData,MediaRouter,SpareRendererForSitePerProcess";
+
+void setDefault(const char *variable, const char *value) {
+    if (!qEnvironmentVariableIsSet(variable))
+        qputenv(variable, value);
+}
+
+} // namespace
+
+WebModule::WebModule() {
+    setDefault("QTWEBENGINE_CHROMIUM_FLAGS", engineSwitches);
+    // Drawing in software takes 50 MB less than through OpenGL, needs no other kind of top-level window (so that none
+    // has to be made anew, with a flash, when it gets its first web view), and lets other widgets lie over the page.
+    QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
+    registerPageScheme();
+}
+
+std::unique_ptr<WebView> WebModule::makeWebView(const WebViewConfiguration &configuration) {
+    return std::make_unique<EngineWebView>(configuration);
+}

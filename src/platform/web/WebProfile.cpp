@@ -1,0 +1,60 @@
+#include "platform/web/WebProfile.h"
+
+#include <QWebEngineCookieStore>
+#include <QWebEngineDownloadRequest>
+#include <QWebEngineSettings>
+
+namespace {
+
+constexpr QWebEngineSettings::WebAttribute switchedOff[] = {
+    QWebEngineSettings::JavascriptEnabled,
+    QWebEngineSettings::JavascriptCanOpenWindows,
+    QWebEngineSettings::JavascriptCanAccessClipboard,
+    QWebEngineSettings::JavascriptCanPaste,
+    QWebEngineSettings::AllowWindowActivationFromJavaScript,
+    QWebEngineSettings::LocalStorageEnabled,
+    QWebEngineSettings::LocalContentCanAccessRemoteUrls,
+    QWebEngineSettings::LocalContentCanAccessFileUrls,
+    QWebEngineSettings::XSSAuditingEnabled,
+    QWebEngineSettings::HyperlinkAuditingEnabled,
+    QWebEngineSettings::DnsPrefetchEnabled,
+    QWebEngineSettings::PluginsEnabled,
+    QWebEngineSettings::PdfViewerEnabled,
+    QWebEngineSettings::FullScreenSupportEnabled,
+    QWebEngineSettings::ScreenCaptureEnabled,
+    QWebEngineSettings::WebGLEnabled,
+    QWebEngineSettings::Accelerated2dCanvasEnabled,
+    QWebEngineSettings::AutoLoadIconsForPage,
+    QWebEngineSettings::TouchIconsEnabled,
+    QWebEngineSettings::AllowRunningInsecureContent,
+    QWebEngineSettings::AllowGeolocationOnInsecureOrigins,
+    QWebEngineSettings::NavigateOnDropEnabled,
+    QWebEngineSettings::ErrorPageEnabled,
+    QWebEngineSettings::FocusOnNavigationEnabled,
+    QWebEngineSettings::SpatialNavigationEnabled,
+    QWebEngineSettings::ShowScrollBars,
+};
+
+} // namespace
+
+std::shared_ptr<WebProfile> WebProfile::shared() {
+    static std::weak_ptr<WebProfile> current;
+    auto profile = current.lock();
+    if (!profile)
+        current = profile = std::make_shared<WebProfile>();
+    return profile;
+}
+
+WebProfile::WebProfile() {
+    for (const auto attribute : switchedOff)
+        settings()->setAttribute(attribute, false);
+    settings()->setAttribute(QWebEngineSettings::PlaybackRequiresUserGesture, true);
+    settings()->setUnknownUrlSchemePolicy(QWebEngineSettings::DisallowUnknownUrlSchemes);
+    setHttpCacheType(MemoryHttpCache);
+    setPersistentCookiesPolicy(NoPersistentCookies);
+    setSpellCheckEnabled(false);
+    installUrlSchemeHandler("corvanite-page", &schemeHandler);
+    cookieStore()->setCookieFilter([](const QWebEngineCookieStore::FilterRequest &) { return false; });
+    connect(this, &QWebEngineProfile::downloadRequested, this,
+            [](QWebEngineDownloadRequest *download) { download->cancel(); });
+}
