@@ -8,7 +8,8 @@
 namespace {
 std::vector<DemoMessage> demoMessages(std::chrono::system_clock::time_point now) {
     Mailbag bag(now);
-    for (const auto addTheme : {addHarbourThreads, addOfficeThreads, addFamilyThreads, addArchivedThreads})
+    for (const auto addTheme : {addHarbourThreads, addOfficeThreads, addFamilyThreads, addArchivedThreads,
+                                addNewsletters, addReceipts, addServiceNotes})
         addTheme(bag);
     return bag.messages();
 }

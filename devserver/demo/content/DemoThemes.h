@@ -7,3 +7,6 @@ void addHarbourThreads(Mailbag &bag);
 void addOfficeThreads(Mailbag &bag);
 void addFamilyThreads(Mailbag &bag);
 void addArchivedThreads(Mailbag &bag);
+void addNewsletters(Mailbag &bag);
+void addReceipts(Mailbag &bag);
+void addServiceNotes(Mailbag &bag);
