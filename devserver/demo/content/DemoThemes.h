@@ -10,3 +10,7 @@ void addArchivedThreads(Mailbag &bag);
 void addNewsletters(Mailbag &bag);
 void addReceipts(Mailbag &bag);
 void addServiceNotes(Mailbag &bag);
+void addLanguages(Mailbag &bag);
+void addAttachments(Mailbag &bag);
+void addInvitations(Mailbag &bag);
+void addMachineMail(Mailbag &bag);
