@@ -8,9 +8,9 @@
 namespace {
 std::vector<DemoMessage> demoMessages(std::chrono::system_clock::time_point now) {
     Mailbag bag(now);
-    for (const auto addTheme :
-         {addHarbourThreads, addOfficeThreads, addFamilyThreads, addArchivedThreads, addNewsletters, addReceipts,
-          addServiceNotes, addLanguages, addAttachments, addInvitations, addMachineMail})
+    for (const auto addTheme : {addHarbourThreads, addOfficeThreads, addFamilyThreads, addArchivedThreads,
+                                addNewsletters, addReceipts, addServiceNotes, addLanguages, addAttachments,
+                                addInvitations, addMachineMail, addBrokenMail, addExtremeMail, addJunkMail, addOwnMail})
         addTheme(bag);
     return bag.messages();
 }

@@ -14,3 +14,7 @@ void addLanguages(Mailbag &bag);
 void addAttachments(Mailbag &bag);
 void addInvitations(Mailbag &bag);
 void addMachineMail(Mailbag &bag);
+void addBrokenMail(Mailbag &bag);
+void addExtremeMail(Mailbag &bag);
+void addJunkMail(Mailbag &bag);
+void addOwnMail(Mailbag &bag);
