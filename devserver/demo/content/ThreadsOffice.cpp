@@ -159,7 +159,7 @@ the printer's, I'll send you the proof tomorrow.
 Yours,
 Imogen
 )",
-              ""}}};
+              "u"}}};
 }
 
 Conversation expenses() {
