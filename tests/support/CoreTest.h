@@ -41,6 +41,9 @@ private:
     QList<QRegularExpression> m_expectedWarnings;
 };
 
+/// Names the tests of a table after the `name` of its rows.
+inline constexpr auto rowName = [](const auto &row) { return std::string(row.param.name); };
+
 /// Writes a text in Qt's types into failure messages.
 void PrintTo(const QString &text, std::ostream *stream);
 void PrintTo(const QByteArray &bytes, std::ostream *stream);

@@ -1,0 +1,29 @@
+#include "support/SelfSignedCertificate.h"
+
+#include <QFile>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+SelfSignedCertificate make() {
+    const QTemporaryDir folder;
+    QFile certificate(folder.filePath(u"certificate.pem"_s)), key(folder.filePath(u"key.pem"_s));
+    const auto command = u"req -x509 -newkey ec -pkeyopt ec_paramgen_curve:prime256v1 -nodes -days 2 "
+                         "-subj /CN=127.0.0.1 -addext subjectAltName=IP:127.0.0.1 -out %1 -keyout %2"_s;
+    const auto status =
+        QProcess::execute(u"openssl"_s, command.arg(certificate.fileName(), key.fileName()).split(u' '));
+    EXPECT_EQ(status, 0) << "openssl made no certificate";
+    EXPECT_TRUE(certificate.open(QIODevice::ReadOnly) && key.open(QIODevice::ReadOnly));
+    return {QSslCertificate(&certificate), QSslKey(&key, QSsl::Ec)};
+}
+
+} // namespace
+
+const SelfSignedCertificate &selfSignedCertificate() {
+    static const auto made = make();
+    return made;
+}
