@@ -1,0 +1,27 @@
+#include "ui/screens/StyleItems.h"
+
+#include "ui/screens/StyleShapes.h"
+
+#include <QPainter>
+#include <QStyleOption>
+
+void paintItemBackground(QPainter *painter, const QStyleOption &option, const ThemeDefinition &theme) {
+    const bool isHovered = option.state & QStyle::State_MouseOver && option.state & QStyle::State_Enabled;
+    if (option.state & QStyle::State_Selected)
+        fillRounded(painter, option.rect, StyleMetrics::rowRadius, theme.bgActive);
+    else if (isHovered)
+        fillRounded(painter, option.rect, StyleMetrics::rowRadius, theme.bgHover);
+}
+
+void paintHeaderSection(QPainter *painter, const QStyleOption &option, const ThemeDefinition &theme) {
+    painter->fillRect(option.rect, theme.bg);
+    painter->fillRect(QRect(option.rect.left(), option.rect.bottom(), option.rect.width(), 1), theme.border);
+}
+
+void paintSplitter(QPainter *painter, const QStyleOption &option, const ThemeDefinition &theme) {
+    const bool isVerticalLine = option.state & QStyle::State_Horizontal;
+    const QPoint center = option.rect.center();
+    const QRect line = isVerticalLine ? QRect(center.x(), option.rect.top(), 1, option.rect.height())
+                                      : QRect(option.rect.left(), center.y(), option.rect.width(), 1);
+    painter->fillRect(line, theme.border);
+}
