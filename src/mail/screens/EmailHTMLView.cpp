@@ -98,7 +98,8 @@ void EmailHTMLView::scheduleUpdate() {
 
 void EmailHTMLView::applyInputs() {
     m_updateScheduled = false;
-    m_coordinator.update(m_inputs);
+    if (m_webView || !m_inputs.html.isEmpty())
+        m_coordinator.update(m_inputs);
 }
 
 void EmailHTMLView::load(const QByteArray &page, bool showImages) {

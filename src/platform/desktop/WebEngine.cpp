@@ -7,9 +7,11 @@
 #include <QPluginLoader>
 #include <QWidget>
 
+#include <mutex>
+
 using namespace Qt::StringLiterals;
 
-// Qt's own web engine sets the shared context through this function when it is linked rather than loaded.
+// Qt's own web engine sets the shared context through this function when it is linked rather than m_loaded.
 Q_GUI_EXPORT void qt_gl_set_global_share_context(QOpenGLContext *context);
 
 namespace {
@@ -42,63 +44,64 @@ WebEngine &WebEngine::shared() {
 
 bool WebEngine::isAvailable() {
     load();
-    return factory != nullptr;
+    return m_factory != nullptr;
 }
 
 QString WebEngine::unavailableReason() {
     load();
-    return reason;
+    return m_reason;
 }
 
 void WebEngine::load() {
-    if (loaded)
+    if (m_loaded)
         return;
-    loaded = true;
-    reason = unmetWebEngineRequirement();
-    if (reason.isEmpty())
+    m_loaded = true;
+    m_reason = unmetWebEngineRequirement();
+    if (m_reason.isEmpty())
         loadModule();
 }
 
 void WebEngine::loadModule() {
     const auto path = modulePath();
     if (path.isEmpty()) {
-        reason = tr("The web view module is not installed.");
+        m_reason = tr("The web view module is not installed.");
         return;
     }
     providePlaceholderContext();
     QPluginLoader loader(path);
-    factory = qobject_cast<WebViewFactory *>(loader.instance());
-    if (!factory)
-        reason = loader.errorString();
-    QObject::connect(QCoreApplication::instance(), &QCoreApplication::aboutToQuit, [this] { dropSpareForGood(); });
+    m_factory = qobject_cast<WebViewFactory *>(loader.instance());
+    if (!m_factory)
+        m_reason = loader.errorString();
 }
 
 void WebEngine::warmUp(const WebViewConfiguration &configuration) {
-    if (!spare && isAvailable())
-        recycle(factory->makeWebView(configuration), configuration);
+    if (!m_spare && isAvailable())
+        recycle(m_factory->makeWebView(configuration), configuration);
 }
 
 std::unique_ptr<WebView> WebEngine::takeView(const WebViewConfiguration &configuration) {
     if (!isAvailable())
         return nullptr;
-    if (spare && spareConfiguration == configuration)
-        return std::move(spare);
-    return factory->makeWebView(configuration);
+    if (m_spare && m_spareConfiguration == configuration)
+        return std::move(m_spare);
+    return m_factory->makeWebView(configuration);
 }
 
 void WebEngine::recycle(std::unique_ptr<WebView> view, const WebViewConfiguration &configuration) {
-    if (spare || quitting)
+    if (m_spare)
         return;
     view->setDelegate(nullptr);
     view->widget()->hide();
     view->widget()->setParent(nullptr);
     view->setMagnification(1);
     view->load(blankPage, RemoteContent::Blocked);
-    spare = std::move(view);
-    spareConfiguration = configuration;
+    m_spare = std::move(view);
+    m_spareConfiguration = configuration;
+    dropSpareAtExit();
 }
 
-void WebEngine::dropSpareForGood() {
-    quitting = true;
-    spare.reset();
+// A page must go before the engine does, whose own routine was added by the first page and runs after this one.
+void WebEngine::dropSpareAtExit() {
+    static std::once_flag added;
+    std::call_once(added, [] { qAddPostRoutine([] { shared().m_spare.reset(); }); });
 }

@@ -29,12 +29,11 @@ private:
     WebEngine() = default;
     void load();
     void loadModule();
-    void dropSpareForGood();
+    void dropSpareAtExit();
 
-    bool loaded = false;
-    bool quitting = false;
-    QString reason;
-    WebViewFactory *factory = nullptr;
-    std::unique_ptr<WebView> spare;
-    WebViewConfiguration spareConfiguration;
+    bool m_loaded = false;
+    QString m_reason;
+    WebViewFactory *m_factory = nullptr;
+    std::unique_ptr<WebView> m_spare;
+    WebViewConfiguration m_spareConfiguration;
 };

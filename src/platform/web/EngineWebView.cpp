@@ -26,84 +26,85 @@ WebViewConfiguration withPaintReport(WebViewConfiguration configuration) {
 } // namespace
 
 EngineWebView::EngineWebView(const WebViewConfiguration &configuration)
-    : isEditable(configuration.allowsContentJavaScript)
-    , webPage(std::make_unique<WebPage>(withPaintReport(configuration), WebProfile::shared())) {
-    setPage(webPage.get());
-    setAcceptDrops(isEditable);
+    : m_isEditable(configuration.allowsContentJavaScript)
+    , m_profile(WebProfile::shared())
+    , m_webPage(std::make_unique<WebPage>(withPaintReport(configuration), m_profile.get())) {
+    setPage(m_webPage.get());
+    setAcceptDrops(m_isEditable);
     connectPage();
 }
 
 EngineWebView::~EngineWebView() {
-    delegate = nullptr;
-    webPage->disconnect(this);
+    m_delegate = nullptr;
+    m_webPage->disconnect(this);
     setPage(nullptr);
 }
 
 void EngineWebView::connectPage() {
-    connect(webPage.get(), &QWebEnginePage::loadFinished, this, &EngineWebView::finish);
-    connect(webPage->scriptBridge(), &ScriptBridge::messageReceived, this, &EngineWebView::receive);
-    connect(webPage.get(), &WebPage::linkActivated, this, [this](const QUrl &url) {
-        if (delegate)
-            delegate->webViewDidActivateLink(url);
+    connect(m_webPage.get(), &QWebEnginePage::loadFinished, this, &EngineWebView::finish);
+    connect(m_webPage->scriptBridge(), &ScriptBridge::messageReceived, this, &EngineWebView::receive);
+    connect(m_webPage.get(), &WebPage::linkActivated, this, [this](const QUrl &url) {
+        if (m_delegate)
+            m_delegate->webViewDidActivateLink(url);
     });
-    connect(webPage.get(), &QWebEnginePage::renderProcessTerminated, this, [this] {
-        if (delegate)
-            delegate->webViewProcessDidTerminate();
+    connect(m_webPage.get(), &QWebEnginePage::renderProcessTerminated, this, [this] {
+        if (m_delegate)
+            m_delegate->webViewProcessDidTerminate();
     });
 }
 
 void EngineWebView::finish() {
-    if (delegate)
-        delegate->webViewDidFinish();
+    if (m_delegate)
+        m_delegate->webViewDidFinish();
 }
 
 void EngineWebView::receive(const QString &name, const QVariant &body) {
-    if (!delegate)
+    if (!m_delegate)
         return;
     if (name == paintedHandler)
-        delegate->webViewDidPaint();
+        m_delegate->webViewDidPaint();
     else
-        delegate->webViewDidReceiveMessage(name, body);
+        m_delegate->webViewDidReceiveMessage(name, body);
 }
 
 void EngineWebView::load(const QByteArray &html, RemoteContent remoteContent) {
-    webPage->show(html, remoteContent);
+    m_webPage->show(html, remoteContent);
 }
 
 void EngineWebView::allowImage(const QUrl &url) {
-    webPage->requestGate()->allowImage(url);
+    m_webPage->requestGate()->allowImage(url);
 }
 
 void EngineWebView::evaluateJavaScript(const QString &script, std::function<void(const QVariant &)> completion) {
-    webPage->runJavaScript(script, webPage->scriptBridge()->world(), completion);
+    m_webPage->runJavaScript(script, m_webPage->scriptBridge()->world(), completion);
 }
 
 void EngineWebView::setBackgroundColor(const QColor &color) {
-    webPage->setBackgroundColor(color);
+    m_webPage->setBackgroundColor(color);
 }
 
 void EngineWebView::setMagnification(qreal factor) {
-    webPage->setZoomFactor(factor);
+    m_webPage->setZoomFactor(factor);
 }
 
 void EngineWebView::findText(const QString &text, bool backward, std::function<void(int)> completion) {
-    webPage->findText(text, backward ? QWebEnginePage::FindBackward : QWebEnginePage::FindFlags(),
-                      [completion](const QWebEngineFindTextResult &result) {
-                          if (completion)
-                              completion(result.numberOfMatches());
-                      });
+    m_webPage->findText(text, backward ? QWebEnginePage::FindBackward : QWebEnginePage::FindFlags(),
+                        [completion](const QWebEngineFindTextResult &result) {
+                            if (completion)
+                                completion(result.numberOfMatches());
+                        });
 }
 
 QString EngineWebView::selectedText() const {
-    return webPage->selectedText();
+    return m_webPage->selectedText();
 }
 
 void EngineWebView::copySelection() {
-    webPage->triggerAction(QWebEnginePage::Copy);
+    m_webPage->triggerAction(QWebEnginePage::Copy);
 }
 
 void EngineWebView::selectAll() {
-    webPage->triggerAction(QWebEnginePage::SelectAll);
+    m_webPage->triggerAction(QWebEnginePage::SelectAll);
 }
 
 void EngineWebView::contextMenuEvent(QContextMenuEvent *event) {
@@ -124,10 +125,10 @@ void EngineWebView::addLinkAction(QMenu *menu) {
 }
 
 void EngineWebView::addEditActions(QMenu *menu) {
-    if (isEditable)
-        menu->addAction(tr("Cut"), webPage.get(), [this] { webPage->triggerAction(QWebEnginePage::Cut); });
-    menu->addAction(tr("Copy"), this, &EngineWebView::copySelection)->setEnabled(webPage->hasSelection());
-    if (isEditable)
-        menu->addAction(tr("Paste"), webPage.get(), [this] { webPage->triggerAction(QWebEnginePage::Paste); });
+    if (m_isEditable)
+        menu->addAction(tr("Cut"), m_webPage.get(), [this] { m_webPage->triggerAction(QWebEnginePage::Cut); });
+    menu->addAction(tr("Copy"), this, &EngineWebView::copySelection)->setEnabled(m_webPage->hasSelection());
+    if (m_isEditable)
+        menu->addAction(tr("Paste"), m_webPage.get(), [this] { m_webPage->triggerAction(QWebEnginePage::Paste); });
     menu->addAction(tr("Select All"), this, &EngineWebView::selectAll);
 }

@@ -15,7 +15,7 @@ public:
     ~EngineWebView() override;
 
     QWidget *widget() override { return this; }
-    void setDelegate(WebViewDelegate *newDelegate) override { delegate = newDelegate; }
+    void setDelegate(WebViewDelegate *newDelegate) override { m_delegate = newDelegate; }
     void load(const QByteArray &html, RemoteContent remoteContent) override;
     void allowImage(const QUrl &url) override;
     void evaluateJavaScript(const QString &script, std::function<void(const QVariant &)> completion) override;
@@ -36,7 +36,8 @@ private:
     void addLinkAction(QMenu *menu);
     void addEditActions(QMenu *menu);
 
-    const bool isEditable;
-    std::unique_ptr<WebPage> webPage;
-    WebViewDelegate *delegate = nullptr;
+    const bool m_isEditable;
+    const std::shared_ptr<WebProfile> m_profile;
+    std::unique_ptr<WebPage> m_webPage;
+    WebViewDelegate *m_delegate = nullptr;
 };

@@ -24,14 +24,14 @@ bool isPageURL(const QUrl &url) {
 }
 
 QUrl PageSchemeHandler::put(const QByteArray &html) {
-    const QUrl url(u"%1://page/%2"_s.arg(schemeName).arg(++lastPage));
-    pages.insert(url, html);
+    const QUrl url(u"%1://page/%2"_s.arg(schemeName).arg(++m_lastPage));
+    m_pages.insert(url, html);
     return url;
 }
 
 void PageSchemeHandler::requestStarted(QWebEngineUrlRequestJob *job) {
-    const auto page = pages.constFind(job->requestUrl());
-    if (page == pages.constEnd())
+    const auto page = m_pages.constFind(job->requestUrl());
+    if (page == m_pages.constEnd())
         return job->fail(QWebEngineUrlRequestJob::UrlNotFound);
     auto *buffer = new QBuffer(job);
     buffer->setData(*page);

@@ -15,10 +15,10 @@ class PageSchemeHandler final : public QWebEngineUrlSchemeHandler {
 
 public:
     QUrl put(const QByteArray &html);
-    void remove(const QUrl &url) { pages.remove(url); }
+    void remove(const QUrl &url) { m_pages.remove(url); }
     void requestStarted(QWebEngineUrlRequestJob *job) override;
 
 private:
-    QHash<QUrl, QByteArray> pages;
-    quint64 lastPage = 0;
+    QHash<QUrl, QByteArray> m_pages;
+    quint64 m_lastPage = 0;
 };

@@ -25,9 +25,9 @@ bool isWeb(const QUrl &url) {
 } // namespace
 
 void RequestGate::reset(const QUrl &pageURL, RemoteContent content) {
-    page = pageURL;
-    remoteContent = content;
-    allowedImages.clear();
+    m_page = pageURL;
+    m_remoteContent = content;
+    m_allowedImages.clear();
 }
 
 void RequestGate::interceptRequest(QWebEngineUrlRequestInfo &info) {
@@ -37,7 +37,7 @@ void RequestGate::interceptRequest(QWebEngineUrlRequestInfo &info) {
 
 bool RequestGate::allows(const QWebEngineUrlRequestInfo &info) const {
     if (info.resourceType() == QWebEngineUrlRequestInfo::ResourceTypeMainFrame)
-        return info.requestUrl() == page;
+        return info.requestUrl() == m_page;
     if (!isDrawing(info.resourceType()) || info.requestMethod() != "GET"_ba)
         return false;
     return info.requestUrl().scheme() == "data"_L1 || allowsRemote(info);
@@ -47,5 +47,5 @@ bool RequestGate::allowsRemote(const QWebEngineUrlRequestInfo &info) const {
     if (!isWeb(info.requestUrl()))
         return false;
     const bool isImage = info.resourceType() == QWebEngineUrlRequestInfo::ResourceTypeImage;
-    return remoteContent == RemoteContent::Drawing || (isImage && allowedImages.contains(info.requestUrl()));
+    return m_remoteContent == RemoteContent::Drawing || (isImage && m_allowedImages.contains(info.requestUrl()));
 }

@@ -12,14 +12,14 @@ class RequestGate final : public QWebEngineUrlRequestInterceptor {
 public:
     using QWebEngineUrlRequestInterceptor::QWebEngineUrlRequestInterceptor;
     void reset(const QUrl &pageURL, RemoteContent content);
-    void allowImage(const QUrl &url) { allowedImages.insert(url); }
+    void allowImage(const QUrl &url) { m_allowedImages.insert(url); }
     void interceptRequest(QWebEngineUrlRequestInfo &info) override;
 
 private:
     bool allows(const QWebEngineUrlRequestInfo &info) const;
     bool allowsRemote(const QWebEngineUrlRequestInfo &info) const;
 
-    QUrl page;
-    RemoteContent remoteContent = RemoteContent::Blocked;
-    QSet<QUrl> allowedImages;
+    QUrl m_page;
+    RemoteContent m_remoteContent = RemoteContent::Blocked;
+    QSet<QUrl> m_allowedImages;
 };

@@ -40,18 +40,19 @@ void addScript(QWebEnginePage *page, const QString &source, quint32 world, QWebE
 
 ScriptBridge::ScriptBridge(const WebViewConfiguration &configuration, QWebEnginePage *page)
     : QObject(page)
-    , worldID(configuration.allowsContentJavaScript ? QWebEngineScript::MainWorld : QWebEngineScript::ApplicationWorld)
-    , handlers(configuration.messageHandlers) {
+    , m_worldID(configuration.allowsContentJavaScript ? QWebEngineScript::MainWorld
+                                                      : QWebEngineScript::ApplicationWorld)
+    , m_handlers(configuration.messageHandlers) {
     auto *channel = new QWebChannel(this);
     channel->registerObject(u"bridge"_s, this);
-    page->setWebChannel(channel, worldID);
-    addScript(page, handlersScript.arg(asJSON(handlers)), worldID, QWebEngineScript::DocumentCreation);
+    page->setWebChannel(channel, m_worldID);
+    addScript(page, handlersScript.arg(asJSON(m_handlers)), m_worldID, QWebEngineScript::DocumentCreation);
     for (const auto &script : configuration.userScripts)
-        addScript(page, script, worldID, QWebEngineScript::DocumentReady);
+        addScript(page, script, m_worldID, QWebEngineScript::DocumentReady);
 }
 
 void ScriptBridge::post(const QString &address, const QString &name, const QVariant &body) {
-    const bool isCurrent = QUrl(address).adjusted(QUrl::RemoveFragment) == currentPage;
-    if (isCurrent && handlers.contains(name))
+    const bool isCurrent = QUrl(address).adjusted(QUrl::RemoveFragment) == m_currentPage;
+    if (isCurrent && m_handlers.contains(name))
         Q_EMIT messageReceived(name, body);
 }

@@ -7,11 +7,8 @@
 
 namespace {
 
-// Each switch was measured with one message open, over the whole process tree.
-constexpr auto engineSwitches =
-    "--renderer-process-limit=1 "
-    "--disable-dev-shm-usage "
-    "--disable-features=PreloadMediaEngagementData,MediaRouter,SpareRendererForSitePerProcess";
+// One renderer process for all pages, and a script engine without its optimising compilers: 20 MB less.
+constexpr auto engineSwitches = "--renderer-process-limit=1 --js-flags=--lite-mode";
 
 void setDefault(const char *variable, const char *value) {
     if (!qEnvironmentVariableIsSet(variable))
@@ -22,6 +19,8 @@ void setDefault(const char *variable, const char *value) {
 
 WebModule::WebModule() {
     setDefault("QTWEBENGINE_CHROMIUM_FLAGS", engineSwitches);
+    // The engine asks Qt for OpenGL even where it does not use it, which brings 35 MB of drivers into the program.
+    setDefault("QT_XCB_GL_INTEGRATION", "none");
     // Drawing in software takes 50 MB less than through OpenGL, needs no other kind of top-level window (so that none
     // has to be made anew, with a flash, when it gets its first web view), and lets other widgets lie over the page.
     QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);

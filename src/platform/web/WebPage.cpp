@@ -6,17 +6,18 @@
 
 using namespace Qt::StringLiterals;
 
-WebPage::WebPage(const WebViewConfiguration &configuration, std::shared_ptr<WebProfile> sharedProfile)
-    : QWebEnginePage(sharedProfile.get())
-    , profile(std::move(sharedProfile))
-    , bridge(new ScriptBridge(configuration, this)) {
+WebPage::WebPage(const WebViewConfiguration &configuration, WebProfile *webProfile)
+    : QWebEnginePage(webProfile)
+    , m_pages(webProfile->pages())
+    , m_gate(new RequestGate(this))
+    , m_bridge(new ScriptBridge(configuration, this)) {
     settings()->setAttribute(QWebEngineSettings::JavascriptEnabled, configuration.allowsContentJavaScript);
-    setUrlRequestInterceptor(&gate);
+    setUrlRequestInterceptor(m_gate);
     denyRequests();
 }
 
 WebPage::~WebPage() {
-    profile->pages()->remove(page);
+    m_pages->remove(m_page);
 }
 
 void WebPage::denyRequests() {
@@ -30,16 +31,16 @@ void WebPage::denyRequests() {
 }
 
 void WebPage::show(const QByteArray &html, RemoteContent remoteContent) {
-    profile->pages()->remove(page);
-    page = profile->pages()->put(html);
-    gate.reset(page, remoteContent);
-    bridge->setCurrentPage(page);
-    load(page);
+    m_pages->remove(m_page);
+    m_page = m_pages->put(html);
+    m_gate->reset(m_page, remoteContent);
+    m_bridge->setCurrentPage(m_page);
+    load(m_page);
 }
 
 bool WebPage::acceptNavigationRequest(const QUrl &url, NavigationType type, bool isMainFrame) {
     if (isMainFrame && type == NavigationTypeTyped)
-        return url == page;
+        return url == m_page;
     if (type == NavigationTypeLinkClicked)
         activateLink(url);
     return false;

@@ -11,12 +11,13 @@ class WebPage final : public QWebEnginePage {
     Q_OBJECT
 
 public:
-    WebPage(const WebViewConfiguration &configuration, std::shared_ptr<WebProfile> sharedProfile);
+    /// `webProfile` must outlive the page.
+    WebPage(const WebViewConfiguration &configuration, WebProfile *webProfile);
     ~WebPage() override;
 
     void show(const QByteArray &html, RemoteContent remoteContent);
-    RequestGate *requestGate() { return &gate; }
-    ScriptBridge *scriptBridge() { return bridge; }
+    RequestGate *requestGate() { return m_gate; }
+    ScriptBridge *scriptBridge() { return m_bridge; }
 
 Q_SIGNALS:
     void linkActivated(const QUrl &url);
@@ -34,8 +35,8 @@ private:
     void denyRequests();
     void activateLink(const QUrl &url);
 
-    std::shared_ptr<WebProfile> profile;
-    RequestGate gate;
-    ScriptBridge *bridge;
-    QUrl page;
+    PageSchemeHandler *const m_pages;
+    RequestGate *const m_gate;
+    ScriptBridge *const m_bridge;
+    QUrl m_page;
 };

@@ -53,7 +53,7 @@ WebProfile::WebProfile() {
     setHttpCacheType(MemoryHttpCache);
     setPersistentCookiesPolicy(NoPersistentCookies);
     setSpellCheckEnabled(false);
-    installUrlSchemeHandler("corvanite-page", &schemeHandler);
+    installUrlSchemeHandler("corvanite-page", &m_schemeHandler);
     cookieStore()->setCookieFilter([](const QWebEngineCookieStore::FilterRequest &) { return false; });
     connect(this, &QWebEngineProfile::downloadRequested, this,
             [](QWebEngineDownloadRequest *download) { download->cancel(); });

@@ -15,8 +15,8 @@ public:
     static std::shared_ptr<WebProfile> shared();
     WebProfile();
 
-    PageSchemeHandler *pages() { return &schemeHandler; }
+    PageSchemeHandler *pages() { return &m_schemeHandler; }
 
 private:
-    PageSchemeHandler schemeHandler;
+    PageSchemeHandler m_schemeHandler;
 };
