@@ -48,7 +48,7 @@ QColor labelColor(const QStyleOption &option, ButtonRole role, const ThemeDefini
     case ButtonRole::destructive:
         return systemRed(theme);
     case ButtonRole::link:
-        return isDown(option) ? mixed(accentText(theme), theme.text, 0.4) : accentText(theme);
+        return isDown(option) ? mixed(accentTextColor(theme), theme.text, 0.4) : accentTextColor(theme);
     case ButtonRole::plain:
         break;
     }
@@ -96,7 +96,7 @@ void paintButtonPanel(QPainter *painter, const QStyleOptionButton &button, Butto
         fillRounded(painter, body, hasRing ? radius - 3 : radius, primaryFill(button, theme));
     } else if (role != ButtonRole::link && !(button.features & QStyleOptionButton::Flat)) {
         fillRounded(painter, rect, radius, plainFill(button, theme));
-        strokeRounded(painter, rect, radius, isEnabled(button) ? controlBorder(theme) : theme.border);
+        strokeRounded(painter, rect, radius, isEnabled(button) ? controlBorderColor(theme) : theme.border);
     }
     if (hasRing)
         paintFocusRing(painter, rect, radius, theme);
@@ -126,7 +126,7 @@ void paintToolButton(QPainter *painter, const QStyleOptionToolButton &button, Bu
         paintFocusRing(painter, rect, StyleMetrics::controlRadius, theme);
     QColor color = labelColor(button, role, theme);
     if (role == ButtonRole::plain && isEnabled(button))
-        color = button.state & QStyle::State_On ? accentText(theme) : theme.textSecondary;
+        color = button.state & QStyle::State_On ? accentTextColor(theme) : theme.textSecondary;
     painter->setPen(color);
     QRect content = button.rect;
     if (button.features & QStyleOptionToolButton::HasMenu)

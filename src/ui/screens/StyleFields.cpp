@@ -31,7 +31,7 @@ void paintField(QPainter *painter, const QStyleOption &option, const ThemeDefini
     if (option.state & QStyle::State_HasFocus)
         paintFocusRing(painter, option.rect, radius, theme);
     else
-        strokeRounded(painter, option.rect, radius, isEnabled ? controlBorder(theme) : theme.border);
+        strokeRounded(painter, option.rect, radius, isEnabled ? controlBorderColor(theme) : theme.border);
 }
 
 void paintComboBox(QPainter *painter, const QStyleOptionComboBox &box, const ThemeDefinition &theme) {
@@ -43,7 +43,7 @@ void paintComboBox(QPainter *painter, const QStyleOptionComboBox &box, const The
     if (hasRing)
         paintFocusRing(painter, box.rect, radius, theme);
     else
-        strokeRounded(painter, box.rect, radius, controlBorder(theme));
+        strokeRounded(painter, box.rect, radius, controlBorderColor(theme));
     paintSymbol(painter, box.editable ? u"calendar"_s : u"chevron.up.chevron.down"_s, arrowRect(box.rect),
                 box.state & QStyle::State_Enabled ? theme.textSecondary : theme.textLight);
 }

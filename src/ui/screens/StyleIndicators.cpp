@@ -26,7 +26,7 @@ void paintCheckBox(QPainter *painter, const QStyleOption &option, const ThemeDef
     const QRectF rect = option.rect;
     if (!(option.state & (QStyle::State_On | QStyle::State_NoChange))) {
         fillRounded(painter, rect, radius, emptyFill(option, theme));
-        strokeRounded(painter, rect, radius, controlBorder(theme), 1.5);
+        strokeRounded(painter, rect, radius, controlBorderColor(theme), 1.5);
         return;
     }
     fillRounded(painter, rect, radius, markColor(option, theme));
@@ -39,7 +39,7 @@ void paintRadioButton(QPainter *painter, const QStyleOption &option, const Theme
     const qreal radius = rect.width() / 2;
     if (!(option.state & QStyle::State_On)) {
         fillRounded(painter, rect, radius, emptyFill(option, theme));
-        strokeRounded(painter, rect, radius, controlBorder(theme), 1.5);
+        strokeRounded(painter, rect, radius, controlBorderColor(theme), 1.5);
         return;
     }
     fillRounded(painter, rect, radius, markColor(option, theme));
@@ -75,11 +75,11 @@ void paintTab(QPainter *painter, const QStyleOptionTab &tab, const ThemeDefiniti
     const bool isHovered = tab.state & QStyle::State_MouseOver;
     if (isHovered && !isSelected)
         fillRounded(painter, QRectF(tab.rect).adjusted(2, 2, -2, -4), StyleMetrics::rowRadius, theme.bgHover);
-    painter->setPen(isSelected ? accentText(theme) : theme.textSecondary);
+    painter->setPen(isSelected ? accentTextColor(theme) : theme.textSecondary);
     painter->drawText(tab.rect, Qt::AlignCenter | Qt::TextShowMnemonic, tab.text);
     if (isSelected)
         fillRounded(painter, QRectF(tab.rect.left() + 8, tab.rect.bottom() - 1, tab.rect.width() - 16, 2), 1,
-                    accentText(theme));
+                    accentTextColor(theme));
     if (showsFocusRing(tab))
         paintFocusRing(painter, QRectF(tab.rect).adjusted(2, 2, -2, -4), StyleMetrics::rowRadius, theme);
     painter->restore();

@@ -39,14 +39,14 @@ bool showsFocusRing(const QStyleOption &option) {
     return option.state & QStyle::State_HasFocus && option.state & QStyle::State_KeyboardFocusChange;
 }
 
-QColor accentText(const ThemeDefinition &theme) {
+QColor accentTextColor(const ThemeDefinition &theme) {
     return readableColor(theme.primary, theme.bg, theme.text);
 }
 
-QColor controlBorder(const ThemeDefinition &theme) {
+QColor controlBorderColor(const ThemeDefinition &theme) {
     return mixed(theme.border, theme.textLight, 0.45);
 }
 
-QColor placeholderText(const ThemeDefinition &theme) {
+QColor placeholderColor(const ThemeDefinition &theme) {
     return readableColor(theme.textLight, theme.bgWhite, theme.textSecondary, 4);
 }

@@ -40,8 +40,8 @@ void paintFocusRing(QPainter *painter, const QRectF &rect, qreal radius, const T
 bool showsFocusRing(const QStyleOption &option);
 
 /// The accent, strong enough to be read as text on pages and surfaces.
-QColor accentText(const ThemeDefinition &theme);
+QColor accentTextColor(const ThemeDefinition &theme);
 /// The edge of a field or a button, strong enough to be seen.
-QColor controlBorder(const ThemeDefinition &theme);
+QColor controlBorderColor(const ThemeDefinition &theme);
 /// Hints and prompts: faint, and still legible.
-QColor placeholderText(const ThemeDefinition &theme);
+QColor placeholderColor(const ThemeDefinition &theme);

@@ -11,15 +11,15 @@ QPalette themePalette(const ThemeDefinition &theme) {
     palette.setColor(QPalette::AlternateBase, theme.bgHover);
     palette.setColor(QPalette::Text, theme.text);
     palette.setColor(QPalette::BrightText, theme.text);
-    palette.setColor(QPalette::PlaceholderText, placeholderText(theme));
+    palette.setColor(QPalette::PlaceholderText, placeholderColor(theme));
     palette.setColor(QPalette::Button, theme.bgWhite);
     palette.setColor(QPalette::ButtonText, theme.text);
     palette.setColor(QPalette::ToolTipBase, theme.bgWhite);
     palette.setColor(QPalette::ToolTipText, theme.text);
     palette.setColor(QPalette::Highlight, theme.primary);
     palette.setColor(QPalette::HighlightedText, theme.textOnPrimary());
-    palette.setColor(QPalette::Link, accentText(theme));
-    palette.setColor(QPalette::LinkVisited, accentText(theme));
+    palette.setColor(QPalette::Link, accentTextColor(theme));
+    palette.setColor(QPalette::LinkVisited, accentTextColor(theme));
     palette.setColor(QPalette::Light, theme.bgWhite);
     palette.setColor(QPalette::Midlight, theme.borderLight);
     palette.setColor(QPalette::Mid, theme.border);

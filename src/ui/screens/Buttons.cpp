@@ -1,0 +1,105 @@
+#include "ui/screens/Buttons.h"
+
+#include "ui/screens/AppStyle.h"
+#include "ui/screens/Spinner.h"
+#include "ui/screens/StyleShapes.h"
+#include "ui/screens/Symbols.h"
+
+#include <QPainter>
+#include <QStyleOptionButton>
+#include <QStylePainter>
+
+PrimaryButton::PrimaryButton(const QString &text, QWidget *parent)
+    : QPushButton(text, parent) {
+    setButtonRole(this, ButtonRole::primary);
+    setCursor(Qt::PointingHandCursor);
+}
+
+void PrimaryButton::setBusy(bool busy) {
+    if (busy == isBusy())
+        return;
+    setEnabled(!busy);
+    if (busy) {
+        m_spinner = new Spinner(16, this);
+        m_spinner->setColor(AppStyle::theme().textOnPrimary());
+        m_spinner->move((QPointF(width(), height()) / 2 - QPointF(8, 8)).toPoint());
+        m_spinner->show();
+    } else {
+        delete std::exchange(m_spinner, nullptr);
+    }
+}
+
+void PrimaryButton::resizeEvent(QResizeEvent *event) {
+    QPushButton::resizeEvent(event);
+    if (m_spinner)
+        m_spinner->move((QPointF(width(), height()) / 2 - QPointF(8, 8)).toPoint());
+}
+
+void PrimaryButton::paintEvent(QPaintEvent *event) {
+    if (!isBusy())
+        return QPushButton::paintEvent(event);
+    QStylePainter painter(this);
+    QStyleOptionButton option;
+    initStyleOption(&option);
+    painter.drawControl(QStyle::CE_PushButtonBevel, option);
+}
+
+LinkButton::LinkButton(const QString &text, QWidget *parent)
+    : QPushButton(text, parent) {
+    setButtonRole(this, ButtonRole::link);
+    setCursor(Qt::PointingHandCursor);
+    setAutoDefault(false);
+}
+
+IconButton::IconButton(const QString &symbol, const QString &help, QWidget *parent)
+    : QToolButton(parent) {
+    setSymbol(symbol);
+    setHelp(help);
+    setFocusPolicy(Qt::TabFocus);
+}
+
+void IconButton::setSymbol(const QString &symbol) {
+    m_symbol = symbol;
+    setIcon(symbolIcon(symbol));
+}
+
+void IconButton::setHelp(const QString &help) {
+    setToolTip(help);
+    setAccessibleName(help);
+}
+
+Chip::Chip(const QString &symbol, const QString &text, QWidget *parent)
+    : QAbstractButton(parent)
+    , m_symbol(symbol) {
+    setText(text);
+    setCheckable(true);
+    setAttribute(Qt::WA_Hover);
+    setFocusPolicy(Qt::StrongFocus);
+}
+
+QSize Chip::sizeHint() const {
+    const int symbolWidth = m_symbol.isEmpty() ? 0 : 14 + 6;
+    return {fontMetrics().horizontalAdvance(text()) + symbolWidth + 2 * 12, 28};
+}
+
+void Chip::paintEvent(QPaintEvent *) {
+    QPainter painter(this);
+    const auto &theme = AppStyle::theme();
+    QStyleOption option;
+    option.initFrom(this);
+    const QRectF frame = rect();
+    const qreal radius = frame.height() / 2;
+    const QColor label = isChecked() ? accentTextColor(theme) : theme.textSecondary;
+    fillRounded(&painter, frame, radius, isChecked() ? theme.bgActive : underMouse() ? theme.bgHover : theme.bgWhite);
+    if (showsFocusRing(option))
+        paintFocusRing(&painter, frame, radius, theme);
+    else
+        strokeRounded(&painter, frame, radius, isChecked() ? label : controlBorderColor(theme));
+    QRect content = rect().adjusted(12, 0, -12, 0);
+    if (!m_symbol.isEmpty()) {
+        paintSymbol(&painter, m_symbol, QRectF(content.left(), content.center().y() - 6, 14, 14), label);
+        content.setLeft(content.left() + 20);
+    }
+    painter.setPen(label);
+    painter.drawText(content, Qt::AlignVCenter | Qt::AlignLeft, text());
+}

@@ -1,0 +1,62 @@
+#pragma once
+
+#include "ui/screens/ButtonRole.h"
+
+#include <QPushButton>
+#include <QToolButton>
+
+class Spinner;
+
+/// The one button of a form that does what the form is for.
+class PrimaryButton : public QPushButton {
+    Q_OBJECT
+public:
+    explicit PrimaryButton(const QString &text, QWidget *parent = nullptr);
+
+    /// Disabled, with a turning wheel in place of the words.
+    void setBusy(bool busy);
+    bool isBusy() const { return m_spinner; }
+
+protected:
+    void resizeEvent(QResizeEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
+
+private:
+    Spinner *m_spinner = nullptr;
+};
+
+/// Words that act when pressed, in the accent colour.
+class LinkButton : public QPushButton {
+    Q_OBJECT
+public:
+    explicit LinkButton(const QString &text, QWidget *parent = nullptr);
+};
+
+/// A symbol alone; its help text is also its accessible name.
+class IconButton : public QToolButton {
+    Q_OBJECT
+public:
+    IconButton(const QString &symbol, const QString &help, QWidget *parent = nullptr);
+
+    void setSymbol(const QString &symbol);
+    const QString &symbol() const { return m_symbol; }
+    void setHelp(const QString &help);
+
+private:
+    QString m_symbol;
+};
+
+/// A choice that is on or off, small and round-ended, as in a row of filters. It is checked while it is on.
+class Chip : public QAbstractButton {
+    Q_OBJECT
+public:
+    Chip(const QString &symbol, const QString &text, QWidget *parent = nullptr);
+
+    QSize sizeHint() const override;
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+
+private:
+    QString m_symbol;
+};
