@@ -3,8 +3,10 @@
 #include "demo/MailText.h"
 
 std::string ServicePage::html() const {
-    return "<html><head><style>@media (prefers-color-scheme: dark) { .sheet { background: #20252c !important; color: "
-           "#e4e8ec !important; } }</style></head>\n<body style=\"margin:0;background:#f0f2f4\">\n<table "
+    return "<html><head><style>@media (prefers-color-scheme: dark) { .desk { background: #14171b !important; } .sheet "
+           "{ background: #20252c !important; color: "
+           "#e4e8ec !important; } }</style></head>\n<body class=\"desk\" "
+           "style=\"margin:0;background:#f0f2f4\">\n<table "
            "width=\"100%\" "
            "cellpadding=\"0\" cellspacing=\"0\"><tr><td align=\"center\" style=\"padding:24px 8px\">\n<table "
            "width=\"560\" "

@@ -32,7 +32,7 @@ DemoPart withPictures() {
     return multipart("alternative", {textPart("Dana, look at the light on Saturday!\n\nJonas\n"), related});
 }
 
-DemoPart weeklyChart() {
+DemoPart tideReport() {
     const std::string html =
         "<html><body><h2 style=\"font-family:sans-serif\">Water levels at Merrow, yesterday</h2>\n<img "
         "src=\"cid:chart\" "
@@ -48,8 +48,11 @@ void addPictures(Mailbag &bag) {
     const DemoPerson robot{"Tide Robot", "robot@corvanite.example", 0};
     addNotice(bag,
               {People::jonas, hoursAgo(14, 8), "Photographs from Saturday 🌅", withPictures(), DemoFolder::inbox, "F"});
+    for (int week = 5; week <= 26; ++week)
+        addNotice(bag, {robot, daysAgo(7 * week, 3, 30), "Tide report: Merrow outer mole", tideReport(),
+                        DemoFolder::archive});
     for (int day = 1; day <= 5; ++day)
-        addNotice(bag, {robot, daysAgo(day, 3, 30), "Tide report: Merrow outer mole", weeklyChart()});
+        addNotice(bag, {robot, daysAgo(day, 3, 30), "Tide report: Merrow outer mole", tideReport()});
     addNotice(bag, {People::henk, daysAgo(6, 15, 30), "The gull, as requested",
                     letter("Exhibit A. She is not sorry.\n",
                            {attachmentPart({"gull.jpg", "image/jpeg", SamplePictures::harbourJPEG()})}),

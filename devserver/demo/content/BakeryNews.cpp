@@ -12,6 +12,8 @@ constexpr const char *style =
   .ground { background: #241812 !important; }
   .card { background: #35241b !important; color: #ffe9d6 !important; }
   .card td, .card div { color: #ffe9d6 !important; }
+  .sign { color: #f0b070 !important; }
+  .schedule { color: #ffe9d6 !important; background: transparent !important; }
   .footer { color: #c8a58c !important; }
 }
 )";
@@ -42,7 +44,7 @@ std::string shelf(const std::vector<NewsletterItem> &items) {
 std::string page(const NewsletterIssue &issue) {
     const std::string rows =
         H::row(std::string("padding:18px;text-align:center;font-size:22px;font-weight:bold;color:#8a3d14;") + rounded,
-               "Lantern &amp; Loaf") +
+               "Lantern &amp; Loaf", "sign") +
         H::row(
             std::string("padding:48px 40px;background:#c4501f;background-image:linear-gradient(135deg,#e8a24a,#c4501f);"
                         "border-radius:24px;text-align:center;color:#fff;") +
@@ -55,9 +57,17 @@ std::string page(const NewsletterIssue &issue) {
                           "34px;background:#fff;color:#c4501f;border-radius:30px;font-weight:bold;font-size:17px") +
                 "</div>") +
         H::row("height:12px;font-size:0;line-height:0", "&nbsp;") + shelf(issue.items) +
+        H::row("padding:20px 24px",
+               H::schedule(rounded, "#8a3d14", "#fbe2c8", "Out of the oven",
+                           {{"Tuesday", "Rye, house white, oat crackers", "from 6:00"},
+                            {"Wednesday", "Rye, walnut ring, cheese sticks for the road", "from 6:00"},
+                            {"Thursday", "House white, seeded batch, saffron buns", "from 6:00"},
+                            {"Friday", "Everything, and twice as much of it", "from 5:30"},
+                            {"Saturday", "Everything, and the pretzels that you asked for", "from 5:30"}})) +
         H::row(std::string("padding:24px;text-align:center;font-size:15px;line-height:1.6;color:#8a3d14;") + rounded,
                H::image("https://static.lanternloaf.example/oven.png", 560, 160, "Our oven at four in the morning") +
-                   "Open Tuesday to Saturday from six until the bread is gone.");
+                   "Open Tuesday to Saturday from six until the bread is gone.",
+               "sign");
     return H::page(style, issue.lead, "#fdf1e3",
                    rows +
                        H::footer(std::string("padding:18px;text-align:center;font-size:12px;color:#a07a63;") + rounded,

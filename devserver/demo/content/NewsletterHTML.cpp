@@ -52,6 +52,21 @@ std::string NewsletterHTML::columns(const std::string &style, const std::string 
            "\n</td>\n</tr></table></td></tr>\n";
 }
 
+std::string NewsletterHTML::schedule(const std::string &font, const std::string &color, const std::string &tint,
+                                     const std::string &heading, const std::vector<std::array<std::string, 3>> &lines) {
+    const std::string cell =
+        "<td class=\"schedule\" style=\"padding:9px 12px;font-size:14px;line-height:1.4;" + font + "color:" + color;
+    std::string out = "<div style=\"font-size:18px;font-weight:bold;margin-bottom:10px;" + font + "color:" + color +
+                      "\" class=\"schedule\">" + heading + "</div>\n" + tableStart + ">\n";
+    for (size_t i = 0; i < lines.size(); ++i) {
+        const std::string ground = i % 2 ? ";background:transparent" : ";background:" + tint;
+        out += "<tr>" + cell + ground + ";white-space:nowrap;font-weight:bold\">" + lines[i][0] + "</td>\n" + cell +
+               ground + ";width:100%\">" + lines[i][1] + "</td>\n" + cell + ground +
+               ";white-space:nowrap;text-align:right\" align=\"right\">" + lines[i][2] + "</td></tr>\n";
+    }
+    return out + "</table>\n";
+}
+
 std::string NewsletterHTML::button(const std::string &text, const std::string &address, const std::string &style) {
     return "<table role=\"presentation\" cellpadding=\"0\" cellspacing=\"0\" border=\"0\"><tr><td style=\"" + style +
            "\"><a href=\"" + address + "\" style=\"color:inherit;text-decoration:none;display:inline-block\">" +

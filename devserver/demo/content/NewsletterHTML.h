@@ -1,6 +1,8 @@
 #pragma once
 
+#include <array>
 #include <string>
+#include <vector>
 
 /// Markup that mail designs are made of: tables all the way down.
 struct NewsletterHTML {
@@ -11,6 +13,9 @@ struct NewsletterHTML {
     static std::string row(const std::string &style, const std::string &content, const std::string &cssClass = "");
     /// A row of two cells of equal width.
     static std::string columns(const std::string &style, const std::string &left, const std::string &right);
+    /// A table of three columns under a heading, every second line tinted.
+    static std::string schedule(const std::string &font, const std::string &color, const std::string &tint,
+                                const std::string &heading, const std::vector<std::array<std::string, 3>> &lines);
     static std::string button(const std::string &text, const std::string &address, const std::string &style);
     static std::string image(const std::string &address, int width, int height, const std::string &description);
     /// One pixel that tells the sender who read the message when.

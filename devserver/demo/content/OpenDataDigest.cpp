@@ -8,6 +8,7 @@ using H = NewsletterHTML;
 
 constexpr const char *style = R"(@media screen and (prefers-color-scheme:dark) {
   .ground { background: #0b0f14 !important; }
+  .schedule { color: #d5e3ee !important; background: transparent !important; }
   .card { background: #151c25 !important; color: #d5e3ee !important; border-color: #2a3645 !important; }
 }
 @media (prefers-color-scheme: light) {
@@ -54,6 +55,18 @@ std::string page(const NewsletterIssue &issue) {
     size_t number = 0;
     for (const NewsletterItem &item : issue.items)
         rows += H::row("height:12px;font-size:0;line-height:0", "&nbsp;") + card(item, ++number);
+    rows += H::row("height:12px;font-size:0;line-height:0", "&nbsp;") +
+            H::row("padding:20px 28px;background:#ffffff;border:1px solid #dde5ec",
+                   H::schedule(mono, "#22313f", "#eef6f5", "Highest water of the week",
+                               {{"4.41 m", "Merrow, outer mole", "+0.12"},
+                                {"4.18 m", "Sankt Elmen, pilot station", "+0.08"},
+                                {"3.96 m", "Port Askel, fish quay", "+0.21"},
+                                {"3.90 m", "Tarn, ferry landing", "-0.03"},
+                                {"3.62 m", "Cabo Verano, lighthouse", "+0.02"},
+                                {"3.11 m", "Upper Merrow, lock", "+0.40"},
+                                {"2.87 m", "Porto Liso, dry dock", "-0.06"},
+                                {"1.02 m", "Hochwald, which is a lake", "+0.00"}}),
+                   "card");
     rows += H::row("padding:22px 0",
                    H::button("Browse the catalogue →", "https://opentides.example/catalogue",
                              std::string("padding:12px 22px;background:#0f9d8a;color:#ffffff;font-size:14px;") + mono));

@@ -12,6 +12,7 @@ constexpr const char *style = R"(@import url('https://fonts.quayletter.example/c
   .ground { background: #12161c !important; }
   .paper { background: #1b222b !important; color: #e6e1d6 !important; border-color: #39424e !important; }
   .paper h2, .paper p, .paper a { color: #e6e1d6 !important; }
+  .schedule { color: #e6e1d6 !important; background: transparent !important; }
   .footer { color: #8c96a3 !important; }
 }
 )";
@@ -42,6 +43,16 @@ std::string page(const NewsletterIssue &issue) {
                "paper");
     for (const NewsletterItem &item : issue.items)
         rows += article(item);
+    rows += H::row("padding:24px 44px;background:#fbf7ee;border-top:1px solid #d9cfb8",
+                   H::schedule(serif, "#1c2f4a", "#f0e8d3", "The week on the quay",
+                               {{"Monday", "Net mending, open to beginners, old sail loft", "18:00"},
+                                {"Tuesday", "Tides and where their numbers come from, library", "19:00"},
+                                {"Wednesday", "Market under the arcade, with the cheese people", "08:00"},
+                                {"Thursday", "Quayside Singers rehearse, bring a scarf", "19:30"},
+                                {"Friday", "Late opening at the lighthouse, 112 steps", "20:00"},
+                                {"Saturday", "Gig racing: Merrow against everybody", "11:00"},
+                                {"Sunday", "Blessing of the small boats, then soup", "10:30"}}),
+                   "paper");
     rows += H::row("padding:26px 44px 34px;background:#fbf7ee;border-top:1px solid #d9cfb8",
                    H::button("Write to the editor", "mailto:editor@quayletter.example",
                              std::string("padding:12px 26px;background:#1c2f4a;color:#f4ead2;font-size:16px;") + serif),

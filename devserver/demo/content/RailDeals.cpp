@@ -7,7 +7,10 @@ namespace {
 using H = NewsletterHTML;
 
 constexpr const char *style = R"(@media only screen and (prefers-color-scheme: dark) {
+  .ground { background: #100e22 !important; }
+  .schedule { color: #efeaff !important; background: transparent !important; }
   .fares { background: #1d1a3a !important; color: #efeaff !important; }
+  .fares .line, .fares .note { color: #efeaff !important; }
   .fares td { color: #efeaff !important; border-color: #3b3670 !important; }
 }
 )";
@@ -15,8 +18,8 @@ constexpr const char *sans = "font-family:'Nachtzug','Helvetica Neue',Arial,'Not
 
 std::string fare(const NewsletterItem &item) {
     return "<tr><td style=\"padding:16px 0;border-bottom:1px solid #e3e0f3;" + std::string(sans) +
-           "\"><div style=\"font-size:18px;font-weight:bold;color:#2a2163\">" + item.title +
-           "</div><div style=\"font-size:14px;color:#6a6690;margin-top:3px\">" + item.text +
+           "\"><div class=\"line\" style=\"font-size:18px;font-weight:bold;color:#2a2163\">" + item.title +
+           "</div><div class=\"note\" style=\"font-size:14px;color:#6a6690;margin-top:3px\">" + item.text +
            "</div></td><td align=\"right\" style=\"padding:16px 0;border-bottom:1px solid #e3e0f3;white-space:nowrap;" +
            sans +
            "\"><div style=\"font-size:12px;color:#6a6690\">from</div><div style=\"font-size:26px;font-weight:bold;"
@@ -42,6 +45,15 @@ std::string page(const NewsletterIssue &issue) {
                    issue.headline + "</div><div style=\"font-size:18px;line-height:1.5;max-width:420px\">" +
                    issue.lead + "</div>") +
         H::row("padding:18px 36px 8px;background:#ffffff", fares + "</table>", "fares") +
+        H::row("padding:18px 36px;background:#ffffff",
+               H::schedule(sans, "#2a2163", "#f3f1fb", "On board tonight",
+                           {{"19:00", "Supper: barley soup, trout or beetroot, pears", "car 4"},
+                            {"21:00", "Reading aloud in the saloon, chapter nine", "car 4"},
+                            {"22:30", "Quiet hours begin, slippers on", "all cars"},
+                            {"06:00", "Tea comes to your berth, knock twice for coffee", "cars 1 to 3"},
+                            {"06:45", "Sunrise on the left until the viaduct", "if clear"},
+                            {"07:55", "Arrival, keep your berth until nine", "platform 2"}}),
+               "fares") +
         H::row(
             "padding:20px 36px 34px;background:#ffffff",
             H::button("Find a berth", "https://mooncarriage.example/search",

@@ -84,9 +84,9 @@ std::vector<ServiceNote> parcels() {
 
 std::vector<ServiceNote> others() {
     return {
-        {energy, "#d17b0f", daysAgo(2, 5, 0), "Your November bill is ready",
+        {energy, "#d17b0f", daysAgo(2, 5, 0), "Your monthly bill is ready",
          "You used 148 kWh, twelve less than last year. We will collect 61.30 EUR on the 28th.\n"},
-        {energy, "#d17b0f", daysAgo(32, 5, 0), "Your October bill is ready",
+        {energy, "#d17b0f", daysAgo(32, 5, 0), "Your monthly bill is ready",
          "You used 131 kWh. We will collect 55.10 EUR on the 28th.\n"},
         {library, "#7c5a2c", daysAgo(1, 9, 0), "Two loans are due on Friday",
          "- Knots of the Western Isles\n- A Short History of Fog\n\nYou can renew both once.\n"},

@@ -164,7 +164,7 @@ Imogen
 
 Conversation expenses() {
     return {
-        "Expenses for October",
+        "Expenses: two receipts are missing",
         {sunniva, dana},
         {{sunniva, daysAgo(15, 9, 40), R"(Dana, I am missing two receipts from you: the ferry on the 9th and something
 called "Knots & Co., 18.40".
