@@ -45,14 +45,15 @@ DemoPart tideReport() {
 }
 
 void addPictures(Mailbag &bag) {
+    const DemoPart report = tideReport();
     const DemoPerson robot{"Tide Robot", "robot@corvanite.example", 0};
     addNotice(bag,
               {People::jonas, hoursAgo(14, 8), "Photographs from Saturday 🌅", withPictures(), DemoFolder::inbox, "F"});
     for (int week = 5; week <= 26; ++week)
-        addNotice(bag, {robot, daysAgo(7 * week, 3, 30), "Tide report: Merrow outer mole", tideReport(),
-                        DemoFolder::archive});
+        addNotice(bag,
+                  {robot, daysAgo(7 * week, 3, 30), "Tide report: Merrow outer mole", report, DemoFolder::archive});
     for (int day = 1; day <= 5; ++day)
-        addNotice(bag, {robot, daysAgo(day, 3, 30), "Tide report: Merrow outer mole", tideReport()});
+        addNotice(bag, {robot, daysAgo(day, 3, 30), "Tide report: Merrow outer mole", report});
     addNotice(bag, {People::henk, daysAgo(6, 15, 30), "The gull, as requested",
                     letter("Exhibit A. She is not sorry.\n",
                            {attachmentPart({"gull.jpg", "image/jpeg", SamplePictures::harbourJPEG()})}),
