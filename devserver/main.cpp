@@ -2,6 +2,7 @@
 #include "fill/FillMaildir.h"
 #include "mime/MIMEPart.h"
 
+#include <clocale>
 #include <csignal>
 #include <iostream>
 #include <thread>
@@ -30,6 +31,8 @@ void serve(const ServerOptions &options) {
     const auto signals = stopSignals();
     pthread_sigmask(SIG_BLOCK, &signals, nullptr);
     std::signal(SIGPIPE, SIG_IGN);
+    // File names in archives are converted by way of the locale.
+    std::setlocale(LC_CTYPE, "C.UTF-8");
     startMIME();
     DevServer server(options);
     std::cout << "listening " << server.bind() << std::endl;

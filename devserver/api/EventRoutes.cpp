@@ -25,6 +25,8 @@ private:
 };
 
 APIResponse openStream(const ServerContext &context, const APIRequest &request) {
+    // Only an open mailbox is watched.
+    context.mailbox(request);
     APIResponse response;
     response.contentType = "text/event-stream";
     response.headers["Cache-Control"] = "no-cache";

@@ -92,6 +92,11 @@ HTTPFrontend::~HTTPFrontend() = default;
 void HTTPFrontend::configure() {
     m_server->new_task_queue = [] { return new WorkerThreads; };
     m_server->set_tcp_nodelay(true);
+    // Without SO_REUSEPORT: two servers on one port would share its connections.
+    m_server->set_socket_options([](socket_t socket) {
+        const int yes = 1;
+        setsockopt(socket, SOL_SOCKET, SO_REUSEADDR, &yes, sizeof yes);
+    });
     m_server->set_keep_alive_max_count(requestsPerConnection);
     m_server->set_keep_alive_timeout(keepAliveSeconds);
     m_server->set_payload_max_length(largestRequest);

@@ -40,7 +40,7 @@ CREATE TABLE IF NOT EXISTS message (
     UNIQUE (folder_id, base)
 );
 CREATE INDEX IF NOT EXISTS message_order ON message (folder_id, departing, timestamp DESC, uid DESC);
-CREATE INDEX IF NOT EXISTS message_unseen ON message (folder_id, departing, seen);
+CREATE INDEX IF NOT EXISTS message_unseen ON message (folder_id, departing, seen, uid);
 CREATE TABLE IF NOT EXISTS last_uid_validity (value INTEGER NOT NULL);
 INSERT INTO last_uid_validity SELECT 0 WHERE NOT EXISTS (SELECT 1 FROM last_uid_validity);
 UPDATE message SET departing = 0 WHERE departing <> 0;

@@ -19,6 +19,8 @@ constexpr std::array<std::pair<std::string_view, std::string_view>, 29> namedEnt
     {"uuml", "ü"},  {"szlig", "ß"},  {"eacute", "é"}, {"zwnj", ""},    {"shy", ""},
 }};
 
+constexpr std::size_t longestEntity = 14;
+
 std::string characterOf(std::string_view digits, int base) {
     unsigned code = 0;
     const auto [stop, error] = std::from_chars(digits.data(), digits.data() + digits.size(), code, base);
@@ -113,7 +115,7 @@ private:
     void readEntity() {
         const auto end = m_html.find(';', m_position);
         std::string text;
-        const bool near = end != std::string_view::npos && end - m_position <= 10;
+        const bool near = end != std::string_view::npos && end - m_position <= longestEntity;
         if (!near || !decodeEntity(m_html.substr(m_position + 1, end - m_position - 1), text))
             return readCharacter('&');
         m_position = end + 1;

@@ -29,6 +29,12 @@ void collect(GMimeObject *object, const std::string &number, bool isAlternative,
                 depth + 1, leaves);
 }
 
+/// What has no type, or none that can be read, is plain text.
+bool namesType(GMimeObject *object) {
+    const char *type = g_mime_object_get_header(object, "Content-Type");
+    return type && std::string_view(type).find('/') != std::string_view::npos;
+}
+
 std::string attachedMessageName(GMimeObject *object) {
     GMimeMessage *inner = g_mime_message_part_get_message(GMIME_MESSAGE_PART(object));
     const char *subject = inner ? g_mime_message_get_subject(inner) : nullptr;
@@ -65,7 +71,7 @@ bool MIMELeaf::isAttachment() const {
     GMimeContentDisposition *disposition = g_mime_object_get_content_disposition(object);
     const char *kind = disposition ? g_mime_content_disposition_get_disposition(disposition) : nullptr;
     const bool told = kind && g_ascii_strcasecmp(kind, "attachment") == 0;
-    const bool readable = is("text", "plain") || is("text", "html");
+    const bool readable = is("text", "plain") || is("text", "html") || !namesType(object);
     const bool isFile = !isAlternative && number != "1" && !fileName().empty();
     return told || !readable || isFile;
 }
