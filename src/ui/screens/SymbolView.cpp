@@ -9,6 +9,7 @@
 SymbolView::SymbolView(const QString &symbol, int size, QWidget *parent)
     : QWidget(parent)
     , m_symbol(symbol)
+    , m_color(accentTextColor)
     , m_size(size) {
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
 }
@@ -18,7 +19,7 @@ void SymbolView::setSymbol(const QString &symbol) {
     update();
 }
 
-void SymbolView::setColor(const std::optional<QColor> &color) {
+void SymbolView::setColor(ThemeColor color) {
     m_color = color;
     update();
 }
@@ -41,5 +42,5 @@ void SymbolView::paintEvent(QPaintEvent *) {
         fillRounded(&painter, whole, whole.width() / 2, theme.bgActive);
     QRectF symbol(0, 0, m_size, m_size);
     symbol.moveCenter(whole.center());
-    paintSymbol(&painter, m_symbol, symbol, m_color.value_or(accentTextColor(theme)));
+    paintSymbol(&painter, m_symbol, symbol, m_color(theme));
 }

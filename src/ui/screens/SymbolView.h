@@ -1,8 +1,11 @@
 #pragma once
 
-#include "ui/screens/ThemeLabel.h"
-
 #include <QWidget>
+
+struct ThemeDefinition;
+
+/// A colour that follows the theme.
+using ThemeColor = QColor (*)(const ThemeDefinition &);
 
 /// A symbol, on its own or on a round plate. It says nothing to a screen reader: the words beside it do.
 class SymbolView : public QWidget {
@@ -12,8 +15,8 @@ public:
     SymbolView(const QString &symbol, int size, QWidget *parent = nullptr);
 
     void setSymbol(const QString &symbol);
-    /// Without one the symbol is in the accent colour.
-    void setColor(const std::optional<QColor> &color);
+    /// Until then the symbol is in the accent colour.
+    void setColor(ThemeColor color);
     /// Puts the symbol on a pale disc of this diameter.
     void setPlate(int diameter);
 
@@ -24,7 +27,7 @@ protected:
 
 private:
     QString m_symbol;
-    std::optional<QColor> m_color;
+    ThemeColor m_color;
     int m_size;
     int m_plate = 0;
 };

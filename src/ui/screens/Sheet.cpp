@@ -1,0 +1,36 @@
+#include "ui/screens/Sheet.h"
+
+#include "ui/screens/Buttons.h"
+#include "ui/screens/ThemeLabel.h"
+
+#include <QVBoxLayout>
+
+Sheet::Sheet(const QString &title, const QString &subtitle, QWidget *parent)
+    : QDialog(parent)
+    , m_column(new QVBoxLayout)
+    , m_buttons(new QHBoxLayout) {
+    setWindowTitle(title);
+    setWindowModality(Qt::WindowModal);
+    auto *outer = new QVBoxLayout(this);
+    outer->setContentsMargins(24, 24, 24, 20);
+    outer->setSpacing(4);
+    outer->addWidget(new ThemeLabel(title, TextStyle::title3));
+    if (!subtitle.isEmpty())
+        outer->addWidget(new ThemeLabel(subtitle, TextStyle::body, TextRole::secondary));
+    outer->addSpacing(12);
+    m_column->setSpacing(12);
+    outer->addLayout(m_column, 1);
+    m_buttons->setSpacing(8);
+    m_buttons->addStretch();
+    outer->addSpacing(16);
+    outer->addLayout(m_buttons);
+}
+
+QPushButton *Sheet::addButton(const QString &text, ButtonRole role) {
+    auto *button = new QPushButton(text);
+    setButtonRole(button, role);
+    button->setAutoDefault(false);
+    button->setDefault(role == ButtonRole::primary);
+    m_buttons->addWidget(button);
+    return button;
+}
