@@ -40,6 +40,7 @@ APIResponse registerAccount(const ServerContext &context, const APIRequest &requ
 
 APIResponse logout(const ServerContext &context, const APIRequest &request) {
     context.accounts.endSession(request.sessionToken);
+    context.events.closeSession(request.sessionToken);
     auto response = APIResponse::done();
     response.headers["Set-Cookie"] = sessionCookie(context, "", std::chrono::seconds(0));
     return response;

@@ -10,9 +10,9 @@ constexpr auto heartbeat = std::chrono::seconds(10);
 /// Holds one subscription for as long as its stream lives.
 class EventStream {
 public:
-    EventStream(EventHub &events, const std::string &accountID)
+    EventStream(EventHub &events, const APIRequest &request)
         : m_events(events)
-        , m_subscription(events.subscribe(accountID)) {}
+        , m_subscription(events.subscribe(request.account().id, request.sessionToken)) {}
     ~EventStream() { m_events.unsubscribe(m_subscription); }
     EventStream(const EventStream &) = delete;
     EventStream &operator=(const EventStream &) = delete;
@@ -30,7 +30,7 @@ APIResponse openStream(const ServerContext &context, const APIRequest &request) 
     APIResponse response;
     response.contentType = "text/event-stream";
     response.headers["Cache-Control"] = "no-cache";
-    auto stream = std::make_shared<EventStream>(context.events, request.account().id);
+    auto stream = std::make_shared<EventStream>(context.events, request);
     response.stream = [stream](const auto &write) {
         const auto text = stream->next();
         return !text.empty() && write(text);

@@ -6,9 +6,9 @@ std::string eventBlock(const std::string &event, const nlohmann::json &data) {
     return "event: " + event + "\ndata: " + jsonText(data) + "\n\n";
 }
 
-EventHub::Subscription EventHub::subscribe(const std::string &accountID) {
-    auto subscription =
-        std::make_shared<EventQueue>(EventQueue{accountID, {eventBlock("connected", nlohmann::json::object())}});
+EventHub::Subscription EventHub::subscribe(const std::string &accountID, const std::string &sessionToken) {
+    auto subscription = std::make_shared<EventQueue>(
+        EventQueue{accountID, sessionToken, {eventBlock("connected", nlohmann::json::object())}});
     const std::lock_guard lock(m_mutex);
     m_subscriptions.push_back(subscription);
     return subscription;
@@ -31,8 +31,9 @@ void EventHub::publish(const std::string &accountID, const std::string &event, c
 
 std::string EventHub::next(const Subscription &subscription, std::chrono::milliseconds patience) {
     std::unique_lock lock(m_mutex);
-    m_wake.wait_for(lock, patience, [&] { return m_closed || !subscription->blocks.empty(); });
-    if (m_closed)
+    const auto ended = [&] { return m_closed || subscription->isClosed; };
+    m_wake.wait_for(lock, patience, [&] { return ended() || !subscription->blocks.empty(); });
+    if (ended())
         return {};
     if (subscription->blocks.empty())
         return ": still here\n\n";
@@ -41,6 +42,13 @@ std::string EventHub::next(const Subscription &subscription, std::chrono::millis
         text += block;
     subscription->blocks.clear();
     return text;
+}
+
+void EventHub::closeSession(const std::string &sessionToken) {
+    const std::lock_guard lock(m_mutex);
+    for (const auto &subscription : m_subscriptions)
+        subscription->isClosed |= subscription->sessionToken == sessionToken;
+    m_wake.notify_all();
 }
 
 void EventHub::close() {

@@ -111,7 +111,13 @@ void HTTPFrontend::configure() {
     const auto handler = [this](const httplib::Request &request, httplib::Response &response) {
         handle(request, response);
     };
-    m_server->Get(".*", handler).Post(".*", handler).Put(".*", handler).Patch(".*", handler).Delete(".*", handler);
+    // A dot would not match the line breaks that a path can hold.
+    const std::string any = R"([\s\S]*)";
+    m_server->Get(any, handler).Post(any, handler).Put(any, handler).Patch(any, handler).Delete(any, handler);
+    m_server->set_error_handler([](const httplib::Request &, httplib::Response &response) {
+        if (response.body.empty())
+            writeResponse(errorResponse(response.status, "The request cannot be served"), response);
+    });
 }
 
 int HTTPFrontend::bind() {
@@ -130,7 +136,7 @@ void HTTPFrontend::run() {
 void HTTPFrontend::stop() {
     m_server->stop();
     std::unique_lock lock(m_mutex);
-    m_wake.wait_for(lock, stopPatience, [this] { return m_running == 0; });
+    m_wake.wait_for(lock, stopPatience, [this] { return m_running <= 0; });
 }
 
 void HTTPFrontend::handle(const httplib::Request &request, httplib::Response &response) {

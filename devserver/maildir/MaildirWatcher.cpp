@@ -43,7 +43,6 @@ MaildirWatcher::~MaildirWatcher() {
 }
 
 void MaildirWatcher::watchTree() {
-    m_rootWatch = checked(inotify_add_watch(m_inotify, m_root.c_str(), treeEvents), m_root.c_str());
     watchFolder(m_root);
     for (const auto &entry : fs::directory_iterator(m_root)) {
         if (entry.path().filename().string().starts_with('.') && entry.is_directory())
@@ -52,6 +51,9 @@ void MaildirWatcher::watchTree() {
 }
 
 void MaildirWatcher::watchFolder(const fs::path &folder) {
+    const int tree = inotify_add_watch(m_inotify, folder.c_str(), treeEvents);
+    if (tree >= 0)
+        m_treeWatches.insert(tree);
     for (const char *directory : {"new", "cur"}) {
         const int watch = inotify_add_watch(m_inotify, (folder / directory).c_str(), messageEvents);
         if (watch >= 0)
@@ -91,13 +93,16 @@ void MaildirWatcher::readEvents(std::set<fs::path> &folders, bool &treeChanged) 
             const auto *event = reinterpret_cast<const inotify_event *>(buffer + offset);
             offset += static_cast<ssize_t>(sizeof *event + event->len);
             const auto found = m_folderOfWatch.find(event->wd);
-            // A queue that overflowed has lost events of any folder.
-            if (event->wd == m_rootWatch || event->mask & IN_Q_OVERFLOW)
-                treeChanged = true;
-            else if (event->mask & IN_IGNORED)
+            if (event->mask & IN_IGNORED) {
                 m_folderOfWatch.erase(event->wd);
-            else if (found != m_folderOfWatch.end())
+                m_treeWatches.erase(event->wd);
+            } else if (found != m_folderOfWatch.end()) {
                 folders.insert(found->second);
+            } else {
+                // A queue that overflowed has lost events of any folder.
+                const bool isTree = m_treeWatches.contains(event->wd) && event->mask & IN_ISDIR;
+                treeChanged |= isTree || event->mask & IN_Q_OVERFLOW;
+            }
         }
     }
 }

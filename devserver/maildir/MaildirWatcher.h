@@ -30,7 +30,9 @@ private:
     Callback m_callback;
     int m_inotify = -1;
     int m_stop = -1;
-    int m_rootWatch = -1;
+    /// Of the root and the folders themselves, where directories come and go.
+    std::set<int> m_treeWatches;
+    /// Of each new/ and cur/.
     std::map<int, std::filesystem::path> m_folderOfWatch;
     std::thread m_thread;
 };

@@ -113,12 +113,12 @@ private:
     }
 
     void readEntity() {
-        const auto end = m_html.find(';', m_position);
+        const auto rest = m_html.substr(m_position + 1, longestEntity);
+        const auto end = rest.find(';');
         std::string text;
-        const bool near = end != std::string_view::npos && end - m_position <= longestEntity;
-        if (!near || !decodeEntity(m_html.substr(m_position + 1, end - m_position - 1), text))
+        if (end == std::string_view::npos || !decodeEntity(rest.substr(0, end), text))
             return readCharacter('&');
-        m_position = end + 1;
+        m_position += end + 2;
         text == " " ? addBlank() : void(m_text += text);
     }
 

@@ -31,11 +31,11 @@ std::string dataURL(const MIMELeaf &leaf, const std::string &bytes) {
     return "data:" + leaf.contentType() + ";base64," + encoded.get();
 }
 
-/// References may be percent-encoded, the Content-ID never is.
+/// References may be percent-encoded, the Content-ID never is. Looks no further than the longest form of `id`.
 bool refersTo(const std::string &html, std::size_t position, const std::string &id, std::size_t &length) {
-    const auto end = html.find_first_of("\"'()<> \t\r\n", position);
-    length = (end == std::string::npos ? html.size() : end) - position;
-    const auto reference = html.substr(position, length);
+    auto reference = html.substr(position, id.size() * 3 + 1);
+    reference = reference.substr(0, reference.find_first_of("\"'()<> \t\r\n"));
+    length = reference.size();
     const std::unique_ptr<gchar, decltype(&g_free)> decoded(g_uri_unescape_string(reference.c_str(), nullptr), g_free);
     return reference == id || (decoded && id == decoded.get());
 }

@@ -64,8 +64,11 @@ TEST_F(EventTest, EveryWayToDeliverIsSeen) {
 
 TEST_F(EventTest, AFolderMadeByAnotherProgramIsListedAndWatched) {
     startStream();
+    fs::create_directories(m_maildir / ".Lists");
+    // The server hears of the bare directory before it becomes a folder.
+    m_events->waitFor("folders_updated");
     for (const char *directory : {"tmp", "cur", "new"})
-        fs::create_directories(m_maildir / ".Lists" / directory);
+        fs::create_directory(m_maildir / ".Lists" / directory);
     m_events->waitFor("folders_updated", [](const json &data) { return data.at("folders").size() == 4; });
     deliver("2000.a", "Subject: in the new folder\n\n", "new", ".Lists");
     EXPECT_EQ(m_events->waitFor("new_emails").at("latest").at(0).at("folder"), "Lists");
@@ -124,6 +127,16 @@ TEST_F(EventTest, ManyOpenStreamsLeaveRequestsUnhindered) {
     deliver("1001.a", "Subject: a\n\n");
     for (const auto &stream : streams)
         EXPECT_EQ(stream->waitFor("new_emails").at("count"), 1);
+}
+
+TEST_F(EventTest, SigningOutEndsTheStreamsOfThatSessionOnly) {
+    startStream();
+    signIn();
+    const auto ofAnotherSession = openEvents();
+    EXPECT_EQ(postStatus("api/auth/logout", ""), 200);
+    EXPECT_TRUE(ofAnotherSession->waitForEnd());
+    deliver("1001.a", "Subject: a\n\n");
+    EXPECT_EQ(m_events->waitFor("new_emails").at("count"), 1);
 }
 
 TEST_F(EventTest, APoliteStopEndsStreamsAndSucceeds) {

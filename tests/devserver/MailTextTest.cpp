@@ -26,6 +26,7 @@ TEST(HTMLTextTest, OnlyWhatAReaderSeesRemains) {
         {"cut <a href=\"x", "cut"},
         {"<script>never closed", ""},
         {"<", "<"},
+        {"&&&&&lt", "&&&&&lt"},
         {"", ""},
     };
     for (const auto &[html, text] : cases)

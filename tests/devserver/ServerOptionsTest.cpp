@@ -42,6 +42,7 @@ TEST_F(ServerOptionsTest, UnknownMethodsAndPathsAreTold) {
     EXPECT_EQ(get("api/auth/login")->status, 405);
     EXPECT_EQ(get("api/nowhere")->status, 404);
     EXPECT_EQ(get("")->status, 404);
+    EXPECT_EQ(get("api/a%0Ab")->body, R"({"message":"No such endpoint"})");
     EXPECT_EQ(m_client->Delete("/api/folders", {{"Cookie", m_cookie}})->status, 405);
 }
 
