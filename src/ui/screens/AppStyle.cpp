@@ -18,18 +18,24 @@
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QComboBox>
+#include <QDateTimeEdit>
 #include <QMenu>
 #include <QPainter>
+#include <QPlainTextEdit>
 #include <QScrollBar>
 #include <QSplitterHandle>
 #include <QStyleFactory>
 #include <QStyleOption>
 #include <QTabBar>
+#include <QTextEdit>
 #include <QToolTip>
 
 using namespace Qt::StringLiterals;
 
 namespace {
+
+/// The arrows and symbols at the right of a box.
+constexpr int arrowColumn = 28;
 
 template <typename Option> const Option &as(const QStyleOption *option) {
     return *static_cast<const Option *>(option);
@@ -44,6 +50,39 @@ bool reactsToHover(const QWidget *widget) {
 bool isDestructiveItem(const QStyleOption *option, const QWidget *widget) {
     const auto *menu = qobject_cast<const QMenu *>(widget);
     return menu && isDestructive(menu->actionAt(option->rect.center()));
+}
+
+int menuArrowWidth(const QStyleOption *toolButton) {
+    return as<QStyleOptionToolButton>(toolButton).features & QStyleOptionToolButton::HasMenu ? 12 : 0;
+}
+
+QString openingSymbol(const QWidget *widget) {
+    return qobject_cast<const QDateTimeEdit *>(widget) ? u"calendar"_s : u"chevron.up.chevron.down"_s;
+}
+
+/// Text areas look like the boxes for one line.
+bool isTextArea(const QWidget *widget) {
+    return qobject_cast<const QTextEdit *>(widget) || qobject_cast<const QPlainTextEdit *>(widget);
+}
+
+QRect scrollBarPart(const QStyleOptionSlider &bar, QStyle::SubControl part) {
+    const bool isHorizontal = bar.orientation == Qt::Horizontal;
+    const QRect handle = scrollBarHandle(bar);
+    QRect rect = bar.rect;
+    switch (part) {
+    case QStyle::SC_ScrollBarSlider:
+        return handle;
+    case QStyle::SC_ScrollBarGroove:
+        return rect;
+    case QStyle::SC_ScrollBarSubPage:
+        isHorizontal ? rect.setRight(handle.left() - 1) : rect.setBottom(handle.top() - 1);
+        return rect;
+    case QStyle::SC_ScrollBarAddPage:
+        isHorizontal ? rect.setLeft(handle.right() + 1) : rect.setTop(handle.bottom() + 1);
+        return rect;
+    default:
+        return {};
+    }
 }
 
 /// Buttons of dialogs that Return presses are primary, whoever made them.
@@ -115,6 +154,8 @@ void AppStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *optio
     case PE_PanelItemViewRow:
         return;
     case PE_Frame:
+        if (isTextArea(widget))
+            return paintField(painter, *option, m_theme);
         return strokeRounded(painter, option->rect, 0, m_theme.border);
     case PE_FrameFocusRect:
         if (showsFocusRing(*option))
@@ -168,7 +209,7 @@ void AppStyle::drawComplexControl(ComplexControl control, const QStyleOptionComp
     case CC_ScrollBar:
         return paintScrollBar(painter, as<QStyleOptionSlider>(option), m_theme);
     case CC_ComboBox:
-        return paintComboBox(painter, as<QStyleOptionComboBox>(option), m_theme);
+        return paintComboBox(painter, as<QStyleOptionComboBox>(option), openingSymbol(widget), m_theme);
     case CC_SpinBox:
         return paintSpinBox(painter, as<QStyleOptionSpinBox>(option), this, widget, m_theme);
     case CC_ToolButton:
@@ -180,24 +221,11 @@ void AppStyle::drawComplexControl(ComplexControl control, const QStyleOptionComp
 
 QRect AppStyle::subControlRect(ComplexControl control, const QStyleOptionComplex *option, SubControl subControl,
                                const QWidget *widget) const {
-    if (control == CC_ScrollBar) {
-        const auto &bar = as<QStyleOptionSlider>(option);
-        const QRect handle = scrollBarHandle(bar);
-        switch (subControl) {
-        case SC_ScrollBarSlider:
-            return handle;
-        case SC_ScrollBarGroove:
-            return bar.rect;
-        case SC_ScrollBarSubPage:
-            return bar.orientation == Qt::Horizontal ? bar.rect.adjusted(0, 0, handle.left() - bar.rect.right() - 1, 0)
-                                                     : bar.rect.adjusted(0, 0, 0, handle.top() - bar.rect.bottom() - 1);
-        case SC_ScrollBarAddPage:
-            return bar.orientation == Qt::Horizontal ? bar.rect.adjusted(handle.right() + 1, 0, 0, 0)
-                                                     : bar.rect.adjusted(0, handle.bottom() + 1, 0, 0);
-        default:
-            return {};
-        }
-    }
+    if (control == CC_ScrollBar)
+        return scrollBarPart(as<QStyleOptionSlider>(option), subControl);
+    if ((control == CC_SpinBox && subControl == SC_SpinBoxEditField) ||
+        (control == CC_ComboBox && subControl == SC_ComboBoxEditField))
+        return option->rect.adjusted(StyleMetrics::fieldPadding - 2, 2, -arrowColumn, -2);
     return QProxyStyle::subControlRect(control, option, subControl, widget);
 }
 
@@ -215,19 +243,18 @@ QSize AppStyle::sizeFromContents(ContentsType type, const QStyleOption *option, 
     switch (type) {
     case CT_PushButton: {
         const bool isLink = buttonRole(widget) == ButtonRole::link;
-        const bool hasMenu = as<QStyleOptionButton>(option).features & QStyleOptionButton::HasMenu;
         const int padding = isLink ? 4 : StyleMetrics::buttonPadding;
-        const int width = size.width() + 2 * padding + (hasMenu ? 16 : 0);
+        const int width = size.width() + 2 * padding;
         return {width, std::max(size.height() + 6, isLink ? 24 : height)};
     }
     case CT_ToolButton:
-        return {std::max(size.width() + 14, height), std::max(size.height() + 10, height)};
+        return {std::max(size.width() + 14, height) + menuArrowWidth(option), std::max(size.height() + 10, height)};
     case CT_LineEdit:
         return {size.width() + 2 * StyleMetrics::fieldPadding, std::max(size.height() + 10, height)};
     case CT_ComboBox:
         return {size.width() + 2 * StyleMetrics::fieldPadding + 28, std::max(size.height() + 10, height)};
     case CT_SpinBox:
-        return {size.width() + StyleMetrics::fieldPadding, std::max(size.height(), height)};
+        return {size.width() + 2 * StyleMetrics::fieldPadding + arrowColumn, std::max(size.height(), height)};
     case CT_MenuItem:
         return menuItemSize(as<QStyleOptionMenuItem>(option), size);
     case CT_MenuBarItem:
@@ -257,6 +284,13 @@ int AppStyle::pixelMetric(PixelMetric metric, const QStyleOption *option, const 
     case PM_SmallIconSize:
     case PM_ToolBarIconSize:
         return StyleMetrics::iconSize;
+    case PM_ListViewIconSize:
+    case PM_MenuButtonIndicator:
+        return StyleMetrics::iconSize;
+    case PM_DefaultFrameWidth:
+        return isTextArea(widget) ? 6 : QProxyStyle::pixelMetric(metric, option, widget);
+    case PM_FocusFrameHMargin:
+        return 8;
     case PM_CheckBoxLabelSpacing:
     case PM_RadioButtonLabelSpacing:
         return 8;
@@ -280,6 +314,8 @@ int AppStyle::pixelMetric(PixelMetric metric, const QStyleOption *option, const 
 int AppStyle::styleHint(StyleHint hint, const QStyleOption *option, const QWidget *widget,
                         QStyleHintReturn *returnData) const {
     switch (hint) {
+    case SH_FormLayoutLabelAlignment:
+        return int(Qt::AlignLeft | Qt::AlignVCenter);
     case SH_ComboBox_Popup:
     case SH_EtchDisabledText:
     case SH_UnderlineShortcut:

@@ -21,7 +21,7 @@ void PrimaryButton::setBusy(bool busy) {
     setEnabled(!busy);
     if (busy) {
         m_spinner = new Spinner(16, this);
-        m_spinner->setColor(AppStyle::theme().textOnPrimary());
+        m_spinner->setColor([](const ThemeDefinition &theme) { return theme.textOnPrimary(); });
         m_spinner->move((QPointF(width(), height()) / 2 - QPointF(8, 8)).toPoint());
         m_spinner->show();
     } else {

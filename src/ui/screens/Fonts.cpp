@@ -53,8 +53,10 @@ const QFont &systemFont() {
     return font;
 }
 
+/// In pixels. A desktop that names no size gets one that can be read.
 double systemSize() {
-    static const double size = QFontInfo(systemFont()).pixelSize();
+    constexpr int smallest = 13;
+    static const int size = std::max(QFontInfo(systemFont()).pixelSize(), smallest);
     return size;
 }
 

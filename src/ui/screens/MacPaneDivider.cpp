@@ -113,7 +113,7 @@ void MacPaneDivider::paintEvent(QPaintEvent *) {
     option.initFrom(this);
     const bool isActive = underMouse() || m_dragStart || hasFocus();
     const QPointF center = rect().toRectF().center();
-    painter.fillRect(QRectF(center.x() - 1, 0, 2, height()), isActive ? accentTextColor(theme) : theme.borderLight);
+    painter.fillRect(QRectF(center.x() - 1, 0, 2, height()), isActive ? accentTextColor(theme) : theme.border);
     const QRectF grip(center.x() - 2, center.y() - 14, 4, 28);
     fillRounded(&painter, grip, 2, isActive ? accentTextColor(theme) : controlBorderColor(theme));
     if (showsFocusRing(option))

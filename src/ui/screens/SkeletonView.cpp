@@ -1,6 +1,5 @@
 #include "ui/screens/SkeletonView.h"
 
-#include "ui/Contrast.h"
 #include "ui/screens/AppStyle.h"
 #include "ui/screens/StyleShapes.h"
 
@@ -60,7 +59,7 @@ void SkeletonView::paintEvent(QPaintEvent *) {
     QPainter painter(this);
     painter.setOpacity(m_shimmer.currentValue().toDouble());
     const auto &theme = AppStyle::theme();
-    const QColor color = mixed(theme.border, theme.bgHover, 0.3);
+    const QColor color = theme.border;
     for (int row = 0; row < rowCount; ++row)
         paintRow(painter, row * rowHeight, width(), color);
 }

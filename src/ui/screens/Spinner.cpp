@@ -14,7 +14,8 @@ constexpr int spokes = 8;
 } // namespace
 
 Spinner::Spinner(int size, QWidget *parent)
-    : QWidget(parent) {
+    : QWidget(parent)
+    , m_color([](const ThemeDefinition &theme) { return theme.textSecondary; }) {
     setFixedSize(size, size);
     setAccessibleName(u"In progress"_s);
     m_turn.setStartValue(0);
@@ -28,7 +29,7 @@ Spinner::Spinner(int size, QWidget *parent)
     });
 }
 
-void Spinner::setColor(const QColor &color) {
+void Spinner::setColor(ThemeColor color) {
     m_color = color;
     update();
 }
@@ -49,7 +50,7 @@ void Spinner::paintEvent(QPaintEvent *) {
     painter.translate(rect().toRectF().center());
     const qreal size = width();
     const qreal thickness = size / 9;
-    QColor color = m_color.value_or(AppStyle::theme().textSecondary);
+    QColor color = m_color(AppStyle::theme());
     for (int spoke = 0; spoke < spokes; ++spoke) {
         const int age = (m_turn.currentValue().toInt() - spoke + 2 * spokes) % spokes;
         color.setAlphaF(1.0f - 0.8f * float(age) / spokes);

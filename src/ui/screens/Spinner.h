@@ -1,8 +1,9 @@
 #pragma once
 
+#include "ui/screens/ThemeColor.h"
+
 #include <QVariantAnimation>
 #include <QWidget>
-#include <optional>
 
 /// A wheel that turns for as long as something of unknown length is under way. Costs nothing while it is hidden.
 class Spinner : public QWidget {
@@ -10,8 +11,8 @@ class Spinner : public QWidget {
 public:
     explicit Spinner(int size = 20, QWidget *parent = nullptr);
 
-    /// Without one the wheel is in the theme's colour of secondary text.
-    void setColor(const QColor &color);
+    /// Until then the wheel is in the colour of secondary text.
+    void setColor(ThemeColor color);
 
 protected:
     void showEvent(QShowEvent *event) override;
@@ -20,5 +21,5 @@ protected:
 
 private:
     QVariantAnimation m_turn;
-    std::optional<QColor> m_color;
+    ThemeColor m_color;
 };

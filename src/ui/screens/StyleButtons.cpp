@@ -26,7 +26,7 @@ bool isEnabled(const QStyleOption &option) {
 
 QColor primaryFill(const QStyleOption &option, const ThemeDefinition &theme) {
     if (!isEnabled(option))
-        return mixed(theme.primary, theme.bgWhite, 0.55);
+        return mixed(theme.primary, theme.bgWhite, 0.4);
     if (isDown(option))
         return theme.primaryDark;
     return isHovered(option) ? mixed(theme.primary, theme.primaryDark, 0.5) : theme.primary;
@@ -40,7 +40,7 @@ QColor plainFill(const QStyleOption &option, const ThemeDefinition &theme) {
 
 QColor labelColor(const QStyleOption &option, ButtonRole role, const ThemeDefinition &theme) {
     if (!isEnabled(option))
-        return role == ButtonRole::primary ? mixed(theme.textOnPrimary(), theme.primary, 0.25)
+        return role == ButtonRole::primary ? theme.textOnPrimary()
                                            : option.palette.color(QPalette::Disabled, QPalette::ButtonText);
     switch (role) {
     case ButtonRole::primary:
@@ -80,8 +80,8 @@ void underline(QPainter *painter) {
 int paintMenuArrow(QPainter *painter, const QRect &rect, const QColor &color) {
     constexpr int size = 10;
     paintSymbol(painter, u"chevron.down"_s,
-                QRectF(rect.right() - size - 7, rect.center().y() - size / 2 + 1, size, size), color);
-    return size + 6;
+                QRectF(rect.right() - size - 5, rect.center().y() - size / 2 + 1, size, size), color);
+    return size + 4;
 }
 
 } // namespace

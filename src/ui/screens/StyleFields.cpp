@@ -34,7 +34,8 @@ void paintField(QPainter *painter, const QStyleOption &option, const ThemeDefini
         strokeRounded(painter, option.rect, radius, isEnabled ? controlBorderColor(theme) : theme.border);
 }
 
-void paintComboBox(QPainter *painter, const QStyleOptionComboBox &box, const ThemeDefinition &theme) {
+void paintComboBox(QPainter *painter, const QStyleOptionComboBox &box, const QString &symbol,
+                   const ThemeDefinition &theme) {
     const bool hasRing = box.editable ? bool(box.state & QStyle::State_HasFocus) : showsFocusRing(box);
     const bool isHovered = box.state & QStyle::State_MouseOver && box.state & QStyle::State_Enabled;
     const bool isOpen = box.state & QStyle::State_On;
@@ -44,7 +45,7 @@ void paintComboBox(QPainter *painter, const QStyleOptionComboBox &box, const The
         paintFocusRing(painter, box.rect, radius, theme);
     else
         strokeRounded(painter, box.rect, radius, controlBorderColor(theme));
-    paintSymbol(painter, box.editable ? u"calendar"_s : u"chevron.up.chevron.down"_s, arrowRect(box.rect),
+    paintSymbol(painter, symbol, arrowRect(box.rect),
                 box.state & QStyle::State_Enabled ? theme.textSecondary : theme.textLight);
 }
 

@@ -7,10 +7,17 @@
 
 void paintItemBackground(QPainter *painter, const QStyleOption &option, const ThemeDefinition &theme) {
     const bool isHovered = option.state & QStyle::State_MouseOver && option.state & QStyle::State_Enabled;
-    if (option.state & QStyle::State_Selected)
+    if (option.state & QStyle::State_Selected) {
         fillRounded(painter, option.rect, StyleMetrics::rowRadius, theme.bgActive);
-    else if (isHovered)
+        paintSelectionMark(painter, option.rect, theme);
+    } else if (isHovered)
         fillRounded(painter, option.rect, StyleMetrics::rowRadius, theme.bgHover);
+}
+
+void paintSelectionMark(QPainter *painter, const QRectF &row, const ThemeDefinition &theme) {
+    constexpr qreal width = 3;
+    const qreal height = std::min(row.height() * 0.55, 40.0);
+    fillRounded(painter, {row.left(), row.center().y() - height / 2, width, height}, width / 2, theme.primary);
 }
 
 void paintHeaderSection(QPainter *painter, const QStyleOption &option, const ThemeDefinition &theme) {

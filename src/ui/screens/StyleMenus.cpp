@@ -71,7 +71,7 @@ void paintMenuItem(QPainter *painter, const QStyleOptionMenuItem &item, bool isD
                       parts.first());
     if (item.menuItemType == QStyleOptionMenuItem::SubMenu)
         paintSymbol(painter, u"chevron.right"_s, QRectF(rect.right() - 11, rect.center().y() - 5, 12, 12), color);
-    painter->setPen(placeholderColor(theme));
+    painter->setPen(theme.textSecondary);
     if (parts.size() > 1)
         painter->drawText(rect, Qt::AlignVCenter | Qt::AlignRight | Qt::TextSingleLine, parts.at(1));
     painter->restore();

@@ -1,11 +1,8 @@
 #pragma once
 
+#include "ui/screens/ThemeColor.h"
+
 #include <QWidget>
-
-struct ThemeDefinition;
-
-/// A colour that follows the theme.
-using ThemeColor = QColor (*)(const ThemeDefinition &);
 
 /// A symbol, on its own or on a round plate. It says nothing to a screen reader: the words beside it do.
 class SymbolView : public QWidget {

@@ -48,13 +48,17 @@ void ThemeLabel::setTextStyle(TextStyle style, std::optional<QFont::Weight> weig
 
 void ThemeLabel::changeEvent(QEvent *event) {
     QLabel::changeEvent(event);
-    if (event->type() == QEvent::ApplicationPaletteChange)
+    if (event->type() == QEvent::PaletteChange)
         applyStyle();
 }
 
 void ThemeLabel::applyStyle() {
     setFont(themeFont(m_style, m_weight));
-    QPalette colors = palette();
-    colors.setColor(QPalette::WindowText, roleColor(m_role, AppStyle::theme()));
+    const QColor color = roleColor(m_role, AppStyle::theme());
+    // Setting a palette is itself a change of palette.
+    if (palette().color(QPalette::WindowText) == color)
+        return;
+    QPalette colors;
+    colors.setColor(QPalette::WindowText, color);
     setPalette(colors);
 }

@@ -1,5 +1,6 @@
 #include "ui/screens/ThemePickerView.h"
 
+#include "ui/Contrast.h"
 #include "ui/HexColor.h"
 #include "ui/ThemeManager.h"
 #include "ui/screens/AppStyle.h"
@@ -31,7 +32,12 @@ void paintAutoSwatch(QPainter &painter, const QRectF &swatch) {
 void paintSwatch(QPainter &painter, const QRectF &swatch, const ThemeDefinition &theme) {
     if (theme.id == autoThemeId)
         return paintAutoSwatch(painter, swatch);
-    fillRounded(&painter, swatch, swatchSize / 2, colorFromHex(theme.previewColor));
+    const QColor color = colorFromHex(theme.previewColor);
+    const auto &current = AppStyle::theme();
+    fillRounded(&painter, swatch, swatchSize / 2, color);
+    // A dark swatch on a dark surface needs an edge to be seen at all.
+    if (contrastRatio(color, current.bgWhite) < 1.5)
+        strokeRounded(&painter, swatch, swatchSize / 2, controlBorderColor(current));
     if (theme.isSpace())
         paintSymbol(&painter, u"sparkles"_s, swatch.adjusted(9, 9, -9, -9), theme.textOnPrimary());
 }

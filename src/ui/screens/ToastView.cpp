@@ -6,6 +6,7 @@
 #include "ui/screens/Fonts.h"
 #include "ui/screens/StyleShapes.h"
 #include "ui/screens/Symbols.h"
+#include "ui/screens/ThemeColor.h"
 
 #include <QBitmap>
 #include <QPainter>
@@ -29,7 +30,7 @@ constexpr int widestText = 480;
 
 struct ToastLook {
     QString symbol;
-    QColor (*color)(const ThemeDefinition &);
+    ThemeColor color;
 };
 
 ToastLook lookOf(ToastType type) {
@@ -146,7 +147,8 @@ void ToastView::paintEvent(QPaintEvent *) {
         painter.translate(0, m_vanishing ? 0 : (1 - presence) * rise);
         paintShadow(painter);
     }
-    fillRounded(&painter, card(), cornerRadius, theme.bgWhite);
+    // A mask has hard edges, and what lies inside of them must be covered.
+    fillRounded(&painter, card(), m_isComposited ? cornerRadius : 0, theme.bgWhite);
     strokeRounded(&painter, card(), cornerRadius, theme.border);
     const QRectF content = card().adjusted(paddingAcross, paddingDown, -paddingAcross, -paddingDown);
     const qreal symbolTop = content.top() + (fontMetrics().height() - symbolSize) / 2.0;

@@ -9,7 +9,6 @@
 
 namespace {
 constexpr QSize switchSize(36, 20);
-// Room for the focus ring around the switch.
 constexpr int ringRoom = 3;
 } // namespace
 
@@ -25,7 +24,7 @@ Toggle::Toggle(const QString &text, QWidget *parent)
 
 QSize Toggle::sizeHint() const {
     const int gap = text().isEmpty() ? 0 : 16;
-    return {fontMetrics().horizontalAdvance(text()) + gap + switchSize.width() + 2 * ringRoom,
+    return {fontMetrics().horizontalAdvance(text()) + gap + switchSize.width(),
             std::max(fontMetrics().height() + 8, StyleMetrics::controlHeight)};
 }
 
@@ -42,14 +41,15 @@ void Toggle::paintEvent(QPaintEvent *) {
     const auto &theme = AppStyle::theme();
     QStyleOptionButton option;
     initStyleOption(&option);
-    const QRectF track(width() - switchSize.width() - ringRoom, (height() - switchSize.height()) / 2,
-                       switchSize.width(), switchSize.height());
-    paintSwitch(&painter, track, m_slide.currentValue().toDouble(), isEnabled(), theme);
+    QRectF track(width() - switchSize.width(), (height() - switchSize.height()) / 2, switchSize.width(),
+                 switchSize.height());
     if (showsFocusRing(option)) {
-        const QRectF ring = track.adjusted(-ringRoom, -ringRoom, ringRoom, ringRoom);
-        paintFocusRing(&painter, ring, ring.height() / 2, theme);
+        // The ring takes its room from the switch, which stays where it is.
+        paintFocusRing(&painter, track, track.height() / 2, theme);
+        track.adjust(ringRoom, ringRoom, -ringRoom, -ringRoom);
     }
+    paintSwitch(&painter, track, m_slide.currentValue().toDouble(), isEnabled(), theme);
     painter.setPen(palette().color(isEnabled() ? QPalette::Active : QPalette::Disabled, QPalette::WindowText));
-    const QRect label = rect().adjusted(0, 0, -switchSize.width() - 2 * ringRoom - 8, 0);
+    const QRect label = rect().adjusted(0, 0, -switchSize.width() - 8, 0);
     painter.drawText(label, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextShowMnemonic, text());
 }

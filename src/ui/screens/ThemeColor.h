@@ -1,0 +1,6 @@
+#pragma once
+
+#include "ui/ThemeDefinition.h"
+
+/// A colour that follows the theme.
+using ThemeColor = QColor (*)(const ThemeDefinition &);
