@@ -17,6 +17,7 @@ namespace {
 
 const QString heightHandler = u"heightHandler"_s;
 const QString scrollHandler = u"scrolled"_s;
+const QString overflowHandler = u"overflow"_s;
 
 // The column decides where the page is scrolled to; what moves the page by itself, as a selection that is dragged over
 // the edge or a match that was found does, is reported so that the column follows.
@@ -33,10 +34,28 @@ const QString scrollScript = uR"((() => {
     });
 })();)"_s;
 
+// What sticks out of the body, by its margins or because the mail gave the body a height of its own.
+const QString overflowScript = uR"((() => {
+    let lastOverflow = 0;
+    const heightOf = element => Math.ceil(element.getBoundingClientRect().height);
+    const report = () => {
+        const root = document.documentElement;
+        const scrolled = root.scrollHeight > window.innerHeight ? root.scrollHeight : 0;
+        const overflow = Math.max(0, Math.max(scrolled, heightOf(root)) - heightOf(document.body));
+        if (Math.abs(overflow - lastOverflow) <= 1) return;
+        lastOverflow = overflow;
+        window.webkit.messageHandlers.overflow.postMessage(overflow);
+    };
+    new ResizeObserver(report).observe(document.body);
+    document.addEventListener('load', report, true);
+    window.addEventListener('load', report);
+    report();
+})();)"_s;
+
 WebViewConfiguration configuration() {
     return {.allowsContentJavaScript = false,
-            .userScripts = {emailHeightScript, scrollScript},
-            .messageHandlers = {heightHandler, scrollHandler}};
+            .userScripts = {emailHeightScript, overflowScript, scrollScript},
+            .messageHandlers = {heightHandler, overflowHandler, scrollHandler}};
 }
 
 constexpr qreal zoomStep = 1.1;
@@ -52,6 +71,7 @@ EmailHTMLView::EmailHTMLView(QWidget *parent)
     connect(m_column, &ScrollingColumn::windowChanged, this, &EmailHTMLView::place);
     connect(&m_coordinator, &EmailHTMLCoordinator::loadRequested, this, &EmailHTMLView::load);
     connect(&m_coordinator, &EmailHTMLCoordinator::contentHeightChanged, this, &EmailHTMLView::applyHeight);
+    connect(&m_coordinator, &EmailHTMLCoordinator::contentHeightChanged, this, &EmailHTMLView::contentHeightChanged);
 }
 
 EmailHTMLView::~EmailHTMLView() {
@@ -107,6 +127,7 @@ void EmailHTMLView::load(const QByteArray &page, bool showImages) {
         return showAsText(WebEngine::shared().unavailableReason());
     delete std::exchange(m_plainView, nullptr);
     m_sentOffset = -1;
+    setOverflow(0);
     m_webView->load(page, showImages ? RemoteContent::Drawing : RemoteContent::Blocked);
 }
 
@@ -155,14 +176,19 @@ void EmailHTMLView::showAsText(const QString &reason) {
 }
 
 void EmailHTMLView::applyHeight() {
-    setFixedHeight(std::min(int(std::ceil(contentHeight() * m_magnification)), QWIDGETSIZE_MAX));
-    Q_EMIT contentHeightChanged(contentHeight());
+    const auto whole = std::ceil((contentHeight() + m_overflow) * m_magnification);
+    setFixedHeight(int(std::min(whole, qreal(QWIDGETSIZE_MAX))));
 }
 
 void EmailHTMLView::resizeEvent(QResizeEvent *) {
     m_cover->setGeometry(rect());
     if (m_plainView)
         m_plainView->setGeometry(rect());
+}
+
+void EmailHTMLView::setOverflow(qreal overflow) {
+    m_overflow = std::max(0.0, overflow);
+    applyHeight();
 }
 
 void EmailHTMLView::place() {
@@ -197,6 +223,8 @@ void EmailHTMLView::webViewDidReceiveMessage(const QString &name, const QVariant
         m_coordinator.receiveHeight(body);
     else if (name == scrollHandler)
         followPage(body.toDouble());
+    else if (name == overflowHandler)
+        setOverflow(body.toDouble());
 }
 
 void EmailHTMLView::webViewDidActivateLink(const QUrl &url) {
@@ -278,8 +306,7 @@ bool EmailHTMLView::handleWheel(QEvent *event) {
     }
     if (std::abs(turn.x()) > std::abs(turn.y()))
         return false;
-    event->ignore();
-    return true;
+    return m_column->handleWheel(event);
 }
 
 bool EmailHTMLView::handleKey(QEvent *event) {

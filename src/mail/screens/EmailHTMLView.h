@@ -62,6 +62,7 @@ private:
     void dropWebView();
     void showAsText(const QString &reason);
     void applyHeight();
+    void setOverflow(qreal overflow);
     void place();
     void followPage(qreal pageOffset);
     void setMagnification(qreal factor);
@@ -78,5 +79,7 @@ private:
     bool m_updateScheduled = false;
     bool m_hasReloaded = false;
     qreal m_magnification = 1;
+    /// In CSS pixels below the body.
+    qreal m_overflow = 0;
     int m_sentOffset = -1;
 };

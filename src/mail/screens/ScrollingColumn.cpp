@@ -1,6 +1,7 @@
 #include "mail/screens/ScrollingColumn.h"
 
 #include <QAbstractScrollArea>
+#include <QCoreApplication>
 #include <QEvent>
 #include <QKeyEvent>
 #include <QScrollBar>
@@ -61,6 +62,12 @@ bool ScrollingColumn::handleKey(const QKeyEvent *event) {
         return false;
     m_area->verticalScrollBar()->triggerAction(*action);
     return true;
+}
+
+bool ScrollingColumn::handleWheel(QEvent *event) {
+    if (m_area)
+        QCoreApplication::sendEvent(m_area->viewport(), event);
+    return m_area != nullptr;
 }
 
 bool ScrollingColumn::eventFilter(QObject *watched, QEvent *event) {

@@ -23,6 +23,9 @@ public:
     /// Whether the key is one that scrolls; it has been carried out then.
     bool handleKey(const QKeyEvent *event);
 
+    /// Scrolls by a wheel event.
+    bool handleWheel(QEvent *event);
+
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 Q_SIGNALS:

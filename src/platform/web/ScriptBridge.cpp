@@ -23,6 +23,22 @@ const QString handlersScript = uR"(
 })(%1);
 )"_s;
 
+// Closes what passes no request interceptor. A page can ask for its links' host names to be looked up although that is
+// switched off, unless it was told no before; and a frame whose document is part of the page starts without a request.
+const QString guardScript = uR"(
+(() => {
+    const refusal = document.createElement('meta');
+    refusal.httpEquiv = 'x-dns-prefetch-control';
+    refusal.content = 'off';
+    const root = document.documentElement;
+    const place = root ?? document.appendChild(document.createElement('html'));
+    place.append(refusal);
+    (root ? refusal : place).remove();
+    const removeFrames = () => document.querySelectorAll('iframe, frame, object, embed, portal')
+        .forEach(frame => frame.remove());
+    new MutationObserver(removeFrames).observe(document, { childList: true, subtree: true });
+})();)"_s;
+
 QString asJSON(const QStringList &texts) {
     return QString::fromUtf8(QJsonDocument(QJsonArray::fromStringList(texts)).toJson(QJsonDocument::Compact));
 }
@@ -46,6 +62,7 @@ ScriptBridge::ScriptBridge(const WebViewConfiguration &configuration, QWebEngine
     auto *channel = new QWebChannel(this);
     channel->registerObject(u"bridge"_s, this);
     page->setWebChannel(channel, m_worldID);
+    addScript(page, guardScript, m_worldID, QWebEngineScript::DocumentCreation);
     addScript(page, handlersScript.arg(asJSON(m_handlers)), m_worldID, QWebEngineScript::DocumentCreation);
     for (const auto &script : configuration.userScripts)
         addScript(page, script, m_worldID, QWebEngineScript::DocumentReady);

@@ -3,12 +3,13 @@
 #include "platform/web/EngineWebView.h"
 #include "platform/web/PageScheme.h"
 
+#include <QLoggingCategory>
 #include <QQuickWindow>
 
 namespace {
 
 // One renderer process for all pages, and a script engine without its optimising compilers: 20 MB less.
-constexpr auto engineSwitches = "--renderer-process-limit=1 --js-flags=--lite-mode";
+constexpr auto engineSwitches = "--renderer-process-limit=1 --js-flags=\"--lite-mode --no-expose-wasm\"";
 
 void setDefault(const char *variable, const char *value) {
     if (!qEnvironmentVariableIsSet(variable))
@@ -24,6 +25,7 @@ WebModule::WebModule() {
     // Drawing in software takes 50 MB less than through OpenGL, needs no other kind of top-level window (so that none
     // has to be made anew, with a flash, when it gets its first web view), and lets other widgets lie over the page.
     QQuickWindow::setGraphicsApi(QSGRendererInterface::Software);
+    QLoggingCategory::setFilterRules(QStringLiteral("qt.webenginecontext.info=false"));
     registerPageScheme();
 }
 

@@ -49,7 +49,8 @@ WebProfile::WebProfile() {
     for (const auto attribute : switchedOff)
         settings()->setAttribute(attribute, false);
     settings()->setAttribute(QWebEngineSettings::PlaybackRequiresUserGesture, true);
-    settings()->setUnknownUrlSchemePolicy(QWebEngineSettings::DisallowUnknownUrlSchemes);
+    // Refused like every navigation, but only after a click on it has been reported as the link that it is.
+    settings()->setUnknownUrlSchemePolicy(QWebEngineSettings::AllowAllUnknownUrlSchemes);
     setHttpCacheType(MemoryHttpCache);
     setPersistentCookiesPolicy(NoPersistentCookies);
     setSpellCheckEnabled(false);
