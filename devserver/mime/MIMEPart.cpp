@@ -2,11 +2,41 @@
 
 #include "mime/TextDecoding.h"
 
+#include <algorithm>
 #include <regex>
 
 namespace {
 
 constexpr int deepestNesting = 50;
+
+bool isAddressHeader(std::string_view line) {
+    for (const std::string_view name : {"to", "cc", "bcc", "from", "sender", "reply-to", "resent-"}) {
+        if (line.size() > name.size() && g_ascii_strncasecmp(line.data(), name.data(), name.size()) == 0)
+            return true;
+    }
+    return false;
+}
+
+/// The library recurses for each address group inside another one, until the stack ends. What no honest header holds
+/// loses its further colons.
+std::string withoutDeepGroups(std::string bytes) {
+    constexpr int mostGroups = 200;
+    int groups = 0;
+    bool inAddresses = false;
+    for (std::size_t start = 0; start < bytes.size();) {
+        const auto end = std::min(bytes.find('\n', start), bytes.size());
+        const auto line = std::string_view(bytes).substr(start, end - start);
+        const bool continues = line.starts_with(' ') || line.starts_with('\t');
+        groups = continues ? groups : 0;
+        inAddresses = continues ? inAddresses : isAddressHeader(line);
+        for (auto i = start; inAddresses && i < end; ++i) {
+            if (bytes[i] == ':' && ++groups > mostGroups)
+                bytes[i] = ' ';
+        }
+        start = end + 1;
+    }
+    return bytes;
+}
 
 std::string bytesOfStream(GMimeStream *stream) {
     const GByteArray *array = g_mime_stream_mem_get_byte_array(GMIME_STREAM_MEM(stream));
@@ -55,7 +85,8 @@ void startMIME() {
     g_mime_init();
 }
 
-MIMEMessage parseMessage(const std::string &bytes) {
+MIMEMessage parseMessage(const std::string &original) {
+    const auto bytes = withoutDeepGroups(original);
     const GMimeOwner stream(g_mime_stream_mem_new_with_buffer(bytes.data(), bytes.size()));
     const GMimeOwner parser(g_mime_parser_new_with_stream(stream.get()));
     GMimeMessage *message = g_mime_parser_construct_message(parser.get(), nullptr);

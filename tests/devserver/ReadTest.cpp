@@ -133,7 +133,7 @@ TEST_F(ReadTest, MalformedMessagesGiveWhatCanBeReadOfThem) {
     EXPECT_EQ(getJSON("api/emails/list?folder=INBOX&per_page=100").at("emails").size(), bodyCases().size());
 }
 
-TEST_F(ReadTest, NestingWithoutEndAndAMillionPartsAreSurvived) {
+TEST_F(ReadTest, NestingWithoutEndAndThousandsOfPartsAreSurvived) {
     std::string nested, wide = "Content-Type: multipart/mixed; boundary=b\n\n";
     for (int depth = 0; depth < 2000; ++depth)
         nested += "Content-Type: multipart/mixed; boundary=b" + std::to_string(depth) + "\n\n--b" +
@@ -142,12 +142,17 @@ TEST_F(ReadTest, NestingWithoutEndAndAMillionPartsAreSurvived) {
         wide += "--b\nContent-Type: application/x\n\nx\n";
     deliver("1001.nested", nested);
     deliver("1002.wide", wide);
+    std::string groups = "To: ";
+    for (int group = 0; group < 50000; ++group)
+        groups += "a:";
     deliver("1003.good", "Subject: good\n\nText\n");
+    deliver("1004.groups", groups + "\n\nText\n");
     start();
     signIn();
     EXPECT_EQ(get("api/emails/read/1?folder=INBOX")->status, 200);
     EXPECT_EQ(getJSON("api/emails/read/2?folder=INBOX").at("attachments").size(), 20000U);
     EXPECT_EQ(getJSON("api/emails/read/3?folder=INBOX").at("subject"), "good");
+    EXPECT_EQ(getJSON("api/emails/read/4?folder=INBOX").at("body_text"), "Text\n");
 }
 
 TEST_F(ReadTest, UnknownMessagesAndFoldersAreNotFound) {
