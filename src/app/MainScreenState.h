@@ -1,0 +1,55 @@
+#pragma once
+
+#include "app/AppState.h"
+#include "platform/Tasks.h"
+#include "ui/ToastMessage.h"
+
+/// A message as it is dragged.
+struct EmailDragData {
+    qint64 uid = 0;
+    /// The real path of its folder.
+    QString folder;
+
+    bool operator==(const EmailDragData &) const = default;
+};
+template <>
+inline constexpr auto jsonFields<EmailDragData> = jsonRecord(jsonField("uid", &EmailDragData::uid),
+                                                             jsonField("folder", &EmailDragData::folder));
+
+/// The state of the main screen: the folder list and the folder on show. It answers the requests that other parts leave
+/// in `AppState`, and the live events that concern folders.
+class MainScreenState : public ObservableObject, public std::enable_shared_from_this<MainScreenState> {
+    Q_OBJECT
+public:
+    static std::shared_ptr<MainScreenState> make(std::shared_ptr<AppState> appState);
+
+    /// Path of the selected folder; may be that of the favourites.
+    Published<std::optional<QString>> selectedFolderPath{this};
+
+    Published<std::optional<ToastMessage>> toast{this};
+
+    /// The folder on show; absent when none is selected or the server no longer has it.
+    std::optional<MailFolder> selectedFolder() const;
+    void selectFolder(const QString &path);
+    /// Reads the folder list and the inbox's state again. Failures leave everything as it was.
+    QCoro::Task<> refresh();
+    /// Whether dropping these messages on the folder would move any of them.
+    bool acceptsDrop(const std::vector<EmailDragData> &items, const MailFolder &folder) const;
+    /// Moves the dropped messages that lie elsewhere; a failed move does not stop the others.
+    QCoro::Task<> drop(std::vector<EmailDragData> items, MailFolder folder);
+
+private:
+    explicit MainScreenState(std::shared_ptr<AppState> appState);
+    void start();
+    void answerRequests();
+    void answerNavigation();
+    void answerPendingEmail();
+    void answerShortcut();
+    void answerCompose();
+    void handleEvent(const QString &name, const QJsonObject &data);
+    void handleFolders(const QJsonObject &data);
+    void handleMailboxState(const QJsonObject &data);
+    void selectFirstFolder();
+
+    std::shared_ptr<AppState> m_appState;
+};

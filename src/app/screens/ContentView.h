@@ -1,0 +1,36 @@
+#pragma once
+
+#include "app/AppState.h"
+#include "mail/EmailWindowRef.h"
+
+#include <QPointer>
+#include <QWidget>
+
+class QStackedLayout;
+class MainScreen;
+
+/// The main window's content: splash, sign-in or the main screen, faded from one to the next.
+class ContentView final : public QWidget {
+    Q_OBJECT
+public:
+    explicit ContentView(std::shared_ptr<AppState> appState, QWidget *parent = nullptr);
+
+    /// Null unless somebody is signed in.
+    MainScreen *mainScreen() const;
+
+Q_SIGNALS:
+    void emailWindowRequested(const EmailWindowRef &reference);
+
+private:
+    enum class Screen { splash, signIn, main };
+
+    Screen wantedScreen() const;
+    QWidget *makeScreen(Screen screen);
+    void render();
+    void fadeFrom(QWidget *former);
+
+    std::shared_ptr<AppState> m_appState;
+    QStackedLayout *m_layout;
+    std::optional<Screen> m_screen;
+    QPointer<QWidget> m_shown;
+};

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "app/MacAppDelegate.h"
+#include "mail/EmailWindowRef.h"
+
+#include <QPointer>
+#include <QWidget>
+
+/// The running program: its state, its delegate and its windows. Lives as long as the application object.
+class CorvaniteApp : public QObject {
+    Q_OBJECT
+public:
+    CorvaniteApp();
+    ~CorvaniteApp() override;
+
+    const std::shared_ptr<AppState> &appState() const { return m_appState; }
+    MacAppDelegate &delegate() { return m_delegate; }
+    QWidget *mainWindow() const { return m_mainWindow.get(); }
+
+    /// Shows the main window, restores the session and starts the timers.
+    void launch();
+    void openMainWindow();
+    /// A message in a window of its own; one that is open already comes to the front.
+    void openEmailWindow(const EmailWindowRef &reference);
+
+private:
+    void applyTheme();
+    void followSystemColorScheme();
+    std::unique_ptr<QWidget> makeMainWindow();
+
+    std::shared_ptr<AppState> m_appState = std::make_shared<AppState>();
+    MacAppDelegate m_delegate;
+    std::unique_ptr<QWidget> m_mainWindow;
+    std::vector<std::pair<EmailWindowRef, QPointer<QWidget>>> m_emailWindows;
+};

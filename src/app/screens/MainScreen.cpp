@@ -1,0 +1,125 @@
+#include "app/screens/MainScreen.h"
+
+#include "app/screens/DestinationView.h"
+#include "mail/Folders.h"
+#include "mail/screens/EmailDetailView.h"
+#include "mail/screens/EmailHTMLView.h"
+#include "mail/screens/EmailListView.h"
+#include "mail/screens/SidebarView.h"
+#include "ui/PaneLayout.h"
+#include "ui/screens/EmptyStateView.h"
+#include "ui/screens/MacPaneDivider.h"
+#include "ui/screens/SidebarSplitView.h"
+#include "ui/screens/ToastPresenter.h"
+
+#include <QHBoxLayout>
+#include <QListView>
+#include <QResizeEvent>
+#include <QShortcut>
+#include <QStackedWidget>
+
+namespace {
+
+/// How long the list must have been on screen before the web engine is started.
+constexpr auto warmUpDelay = std::chrono::milliseconds(600);
+
+} // namespace
+
+MainScreen::MainScreen(std::shared_ptr<AppState> appState, QWidget *parent)
+    : MailThemeBackground(false, parent)
+    , m_appState(std::move(appState))
+    , m_state(MainScreenState::make(m_appState))
+    , m_listState(EmailListState::make(m_appState))
+    , m_detailState(EmailDetailState::make(m_appState))
+    , m_sidebar(new SidebarView(m_appState, m_state))
+    , m_content(new QStackedWidget)
+    , m_destination(new DestinationView)
+    , m_toasts(new ToastPresenter(this)) {
+    m_mailView = makeMailView();
+    m_content->addWidget(m_mailView);
+    m_content->addWidget(m_destination);
+    auto *split = new SidebarSplitView(m_sidebar, m_content);
+    auto *layout = new QHBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(split);
+
+    connect(m_listState.get(), &EmailListState::emailWindowRequested, this, &MainScreen::emailWindowRequested);
+    observe(m_appState.get(), this, &MainScreen::render);
+    observe(m_state.get(), this, &MainScreen::render);
+    connect(m_listState.get(), &ObservableObject::changed, this, &MainScreen::warmUpWhenListIsShown);
+    connect(m_toasts, &ToastPresenter::expired, m_state.get(), [this] { m_state->toast = std::nullopt; });
+    addShortcuts();
+}
+
+QWidget *MainScreen::makeMailView() {
+    auto *view = new QWidget;
+    m_listColumn = new QStackedWidget;
+    m_noFolder =
+        new EmptyStateView({QStringLiteral("folder"), tr("Select a folder"), tr("Choose a folder from the sidebar")});
+    m_list = new EmailListView(m_listState);
+    m_listColumn->addWidget(m_noFolder);
+    m_listColumn->addWidget(m_list);
+    m_divider = new MacPaneDivider;
+    auto *message = new MailThemeBackground(true);
+    auto *messageLayout = new QVBoxLayout(message);
+    messageLayout->setContentsMargins(0, 0, 0, 0);
+    m_detail = new EmailDetailView(m_appState, m_detailState);
+    messageLayout->addWidget(m_detail);
+    message->setMinimumWidth(int(PaneLayout::messageMinimum));
+
+    auto *layout = new QHBoxLayout(view);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(m_listColumn);
+    layout->addWidget(m_divider);
+    layout->addWidget(message, 1);
+    connect(m_divider, &MacPaneDivider::paneWidthChanged, this, &MainScreen::layOutColumns);
+    view->installEventFilter(this);
+    return view;
+}
+
+bool MainScreen::eventFilter(QObject *watched, QEvent *event) {
+    if (watched == m_mailView && event->type() == QEvent::Resize)
+        layOutColumns();
+    return MailThemeBackground::eventFilter(watched, event);
+}
+
+void MainScreen::layOutColumns() {
+    m_divider->setMaximum(maximumListWidth(m_mailView->width()));
+    m_listColumn->setFixedWidth(int(heldListWidth(m_divider->paneWidth(), m_divider->maximum())));
+}
+
+void MainScreen::addShortcuts() {
+    const auto add = [this](const QKeySequence &keys, auto action) {
+        connect(new QShortcut(keys, this), &QShortcut::activated, this, action);
+    };
+    add(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_N), [this] { m_listState->reload(); });
+    add(QKeySequence::Refresh, [this] { m_listState->reload(); });
+    add(QKeySequence::Find, [this] { m_list->focusSearch(); });
+}
+
+void MainScreen::render() {
+    const auto destination = m_appState->navigationDestination.get();
+    if (destination)
+        m_destination->showSection(*destination);
+    m_content->setCurrentWidget(destination ? static_cast<QWidget *>(m_destination) : m_mailView);
+    m_toasts->setToast(m_state->toast);
+    renderMail();
+}
+
+void MainScreen::renderMail() {
+    const auto folder = m_state->selectedFolder();
+    m_listColumn->setCurrentWidget(folder ? static_cast<QWidget *>(m_list) : m_noFolder);
+    if (!folder)
+        return m_detailState->show(std::nullopt);
+    m_listState->setFolder(*folder);
+    const auto uid = m_appState->selectedEmailUID.get();
+    m_detailState->show(uid ? std::optional(EmailWindowRef{*uid, requestFolder(folder->path)}) : std::nullopt);
+}
+
+void MainScreen::warmUpWhenListIsShown() {
+    if (m_hasWarmedUp || m_listState->content() == EmailListState::Content::skeleton)
+        return;
+    m_hasWarmedUp = true;
+    m_warmUp = Clock::shared().after(warmUpDelay, [] { EmailHTMLView::warmUp(); });
+}

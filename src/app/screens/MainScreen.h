@@ -1,0 +1,57 @@
+#pragma once
+
+#include "app/MainScreenState.h"
+#include "mail/EmailDetailState.h"
+#include "mail/EmailListState.h"
+#include "ui/screens/MailThemeBackground.h"
+
+class DestinationView;
+class EmailDetailView;
+class EmailListView;
+class EmptyStateView;
+class MacPaneDivider;
+class QStackedWidget;
+class SidebarView;
+class ToastPresenter;
+
+/// What a signed-in person sees: sidebar, message list and opened message.
+class MainScreen final : public MailThemeBackground {
+    Q_OBJECT
+public:
+    explicit MainScreen(std::shared_ptr<AppState> appState, QWidget *parent = nullptr);
+
+    EmailListState &listState() { return *m_listState; }
+    EmailDetailState &detailState() { return *m_detailState; }
+    EmailDetailView *detailView() const { return m_detail; }
+    EmailListView *listView() const { return m_list; }
+
+Q_SIGNALS:
+    void emailWindowRequested(const EmailWindowRef &reference);
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    QWidget *makeMailView();
+    void layOutColumns();
+    void render();
+    void renderMail();
+    void warmUpWhenListIsShown();
+    void addShortcuts();
+
+    std::shared_ptr<AppState> m_appState;
+    std::shared_ptr<MainScreenState> m_state;
+    std::shared_ptr<EmailListState> m_listState;
+    std::shared_ptr<EmailDetailState> m_detailState;
+    SidebarView *m_sidebar;
+    QStackedWidget *m_content, *m_listColumn;
+    DestinationView *m_destination;
+    QWidget *m_mailView;
+    EmptyStateView *m_noFolder;
+    EmailListView *m_list;
+    MacPaneDivider *m_divider;
+    EmailDetailView *m_detail;
+    ToastPresenter *m_toasts;
+    ScheduledWorkPtr m_warmUp;
+    bool m_hasWarmedUp = false;
+};

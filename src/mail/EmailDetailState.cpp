@@ -1,0 +1,113 @@
+#include "mail/EmailDetailState.h"
+
+#include "mail/EmailDates.h"
+#include "platform/Tasks.h"
+
+#include <QLocale>
+
+using namespace Qt::StringLiterals;
+
+std::shared_ptr<EmailDetailState> EmailDetailState::make(std::shared_ptr<AppState> appState) {
+    const std::shared_ptr<EmailDetailState> state(new EmailDetailState(std::move(appState)));
+    connect(state->viewModel.get(), &ObservableObject::changed, state.get(), &ObservableObject::scheduleChange);
+    return state;
+}
+
+EmailDetailState::EmailDetailState(std::shared_ptr<AppState> appState)
+    : m_appState(std::move(appState)) {}
+
+void EmailDetailState::show(const std::optional<EmailWindowRef> &wanted) {
+    if (reference.get() == wanted)
+        return;
+    reference = wanted;
+    viewModel->showImages = false;
+    if (wanted)
+        retry();
+}
+
+void EmailDetailState::retry() {
+    messageMoved = false;
+    if (const auto wanted = reference.get())
+        launch(viewModel->loadEmail(wanted->uid, wanted->folder));
+}
+
+EmailDetailState::Content EmailDetailState::content() const {
+    if (!reference.get())
+        return Content::nothingSelected;
+    if (viewModel->isLoading)
+        return Content::loading;
+    if (messageMoved)
+        return Content::moved;
+    return viewModel->email.get() ? Content::message : Content::failure;
+}
+
+EmailDetailState::Body EmailDetailState::body() const {
+    const auto &email = viewModel->email.get();
+    if (email && email->body_html && !email->body_html->isEmpty())
+        return Body::html;
+    if (email && email->body_text && !email->body_text->isEmpty())
+        return Body::text;
+    return Body::none;
+}
+
+ViewTexts EmailDetailState::placeholder() const {
+    switch (content()) {
+    case Content::failure:
+        return {u"envelope.badge.shield.half.filled"_s, u"Couldn't Load This Email"_s,
+                viewModel->errorMessage->value_or(QString())};
+    case Content::moved:
+        return {u"tray"_s, u"Message moved"_s, u"Select another email to read it"_s};
+    default:
+        return {u"envelope.open"_s, u"No email selected"_s, u"Select an email to read it"_s};
+    }
+}
+
+bool EmailDetailState::offersImages() const {
+    const auto &email = viewModel->email.get();
+    return !viewModel->showImages && email && email->body_html && email->body_html->contains("<img"_L1);
+}
+
+void EmailDetailState::showImages() {
+    viewModel->showImages = true;
+}
+
+QString EmailDetailState::subjectText() const {
+    const auto &email = viewModel->email.get();
+    return email ? email->subject.value_or(u"(No Subject)"_s) : QString();
+}
+
+const EmailAddress *EmailDetailState::sender() const {
+    const auto &email = viewModel->email.get();
+    return email && email->from && !email->from->empty() ? &email->from->front() : nullptr;
+}
+
+QString EmailDetailState::senderName() const {
+    return sender() ? sender()->displayName() : u"Unknown"_s;
+}
+
+QString EmailDetailState::senderAddress() const {
+    return sender() ? sender()->email.value_or(sender()->address.value_or(QString())) : QString();
+}
+
+QString EmailDetailState::dateText() const {
+    const auto &email = viewModel->email.get();
+    return email ? relativeDateText(parseEmailDate(email->date)) : QString();
+}
+
+QString EmailDetailState::fullDateText() const {
+    const auto &email = viewModel->email.get();
+    return email ? QLocale().toString(parseEmailDate(email->date).toLocalTime(), QLocale::LongFormat) : QString();
+}
+
+void EmailDetailState::copySubject() {
+    copy(subjectText(), u"Subject copied to clipboard"_s);
+}
+
+void EmailDetailState::copyAddress(const QString &address) {
+    copy(address, address + u" copied to clipboard"_s);
+}
+
+void EmailDetailState::copy(const QString &text, const QString &confirmation) {
+    Q_EMIT copyRequested(text);
+    copiedToast = ToastMessage(confirmation, ToastType::success);
+}

@@ -1,0 +1,178 @@
+#include "mail/EmailListState.h"
+
+#include "mail/FolderService.h"
+#include "mail/Folders.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr auto searchDelay = std::chrono::milliseconds(300);
+
+ViewTexts emptyFolderTexts(const MailFolder &folder) {
+    static const ViewTexts spam{u"exclamationmark.shield"_s, u"No spam"_s,
+                                u"Messages marked as spam will appear here"_s};
+    static const std::map<QString, ViewTexts> texts{
+        {u"INBOX"_s, {u"tray"_s, u"Your inbox is empty"_s, u"Emails you receive will appear here"_s}},
+        {u"__favorites"_s, {u"star"_s, u"No favorites"_s, u"Star emails to see them here"_s}},
+        {u"Sent"_s, {u"paperplane"_s, u"No sent emails"_s, u"Messages you send will appear here"_s}},
+        {u"Drafts"_s, {u"doc.text"_s, u"No drafts"_s, u"Emails you save as drafts will appear here"_s}},
+        {u"Trash"_s, {u"trash"_s, u"Trash is empty"_s, u"Items you delete will appear here"_s}},
+        {u"Spam"_s, spam},
+        {u"Junk"_s, spam},
+        {u"Archive"_s, {u"archivebox"_s, u"Archive is empty"_s, u"Archived emails will appear here"_s}}};
+    for (const auto &key : {folder.path, folder.name})
+        if (const auto found = texts.find(key); found != texts.end())
+            return found->second;
+    return {u"folder.fill"_s, u"This folder is empty"_s, u"No messages found"_s};
+}
+
+} // namespace
+
+std::shared_ptr<EmailListState> EmailListState::make(std::shared_ptr<AppState> appState) {
+    const std::shared_ptr<EmailListState> state(new EmailListState(std::move(appState)));
+    connect(state->viewModel.get(), &ObservableObject::changed, state.get(), &EmailListState::takeModelChange);
+    connect(state->m_appState.get(), &ObservableObject::changed, state.get(), &EmailListState::answerChangedFolder);
+    return state;
+}
+
+EmailListState::EmailListState(std::shared_ptr<AppState> appState)
+    : m_appState(std::move(appState)) {}
+
+void EmailListState::setFolder(const MailFolder &shown) {
+    const bool isOther = shown.path != folder->path;
+    folder = shown;
+    if (isOther)
+        startFolder();
+}
+
+bool EmailListState::isFavorites() const {
+    return folder->path == favoritesFolder().path;
+}
+
+QString EmailListState::requestFolder() const {
+    return ::requestFolder(folder->path);
+}
+
+bool EmailListState::isSentFolder() const {
+    return folderRole(folder->type) == FolderRole::sent;
+}
+
+bool EmailListState::showsStars() const {
+    return isFavorites();
+}
+
+EmailListState::Content EmailListState::content() const {
+    if (!viewModel->emails->empty())
+        return Content::rows;
+    const bool hasEnded = loadedFolderPath.get() == folder->path && !viewModel->isLoading && !viewModel->isRefreshing;
+    if (!hasEnded)
+        return Content::skeleton;
+    return viewModel->errorMessage.get() ? Content::failure : Content::empty;
+}
+
+ViewTexts EmailListState::placeholder() const {
+    const auto error = viewModel->errorMessage.get();
+    if (!error)
+        return emptyFolderTexts(folder);
+    return {u"exclamationmark.triangle"_s, u"Could not load emails"_s,
+            error->isEmpty() ? u"An error occurred. Pull down to retry."_s : *error};
+}
+
+QString EmailListState::countText() const {
+    const auto total = viewModel->totalEmails.get();
+    return total == 1 ? u"1 message"_s : u"%1 messages"_s.arg(total);
+}
+
+void EmailListState::startFolder() {
+    m_searchTask.cancel();
+    viewModel->currentPage = 1;
+    m_lastSearch.clear();
+    viewModel->searchQuery = QString();
+    viewModel->selectedEmails = {};
+    viewModel->clearFilters();
+    loadedFolderPath = std::nullopt;
+    m_folderTask.start([this](std::stop_token stop) { return loadFolder(folder->path, std::move(stop)); });
+}
+
+QCoro::Task<> EmailListState::loadFolder(QString path, std::stop_token stop) {
+    const auto self = shared_from_this();
+    co_await viewModel->load(requestFolder(), std::nullopt, isFavorites(), stop);
+    if (stop.stop_requested())
+        co_return;
+    loadedFolderPath = path;
+    std::vector<MailFolder> targets;
+    try {
+        const auto folders = co_await FolderService::cachedFolders();
+        targets = folders;
+    } catch (const std::exception &) {
+        // The menus then offer no folder.
+    }
+    if (!stop.stop_requested())
+        contextMenuFolders = targets;
+}
+
+void EmailListState::reload() {
+    launch(viewModel->load(requestFolder(), std::nullopt, isFavorites()));
+}
+
+void EmailListState::nextPage() {
+    launch(viewModel->nextPage(requestFolder(), isFavorites()));
+}
+
+void EmailListState::previousPage() {
+    launch(viewModel->previousPage(requestFolder(), isFavorites()));
+}
+
+void EmailListState::setSearchQuery(const QString &text) {
+    if (viewModel->searchQuery.get() == text)
+        return;
+    viewModel->searchQuery = text;
+    m_searchTask.start([this](std::stop_token stop) { return debounceSearch(std::move(stop)); });
+}
+
+QCoro::Task<> EmailListState::debounceSearch(std::stop_token stop) {
+    const auto self = shared_from_this();
+    if (viewModel->searchQuery.get() == m_lastSearch)
+        co_return;
+    co_await Clock::shared().sleep(searchDelay, stop);
+    if (stop.stop_requested() || viewModel->searchQuery.get() == m_lastSearch)
+        co_return;
+    m_lastSearch = viewModel->searchQuery;
+    viewModel->currentPage = 1;
+    reload();
+}
+
+void EmailListState::submitSearch() {
+    viewModel->currentPage = 1;
+    reload();
+}
+
+void EmailListState::setSelection(const std::set<qint64> &uids) {
+    if (viewModel->selectedEmails.get() == uids)
+        return;
+    viewModel->selectedEmails = uids;
+    if (uids.size() != 1) {
+        m_appState->selectedEmailUID = std::nullopt;
+    } else if (m_appState->selectedEmailUID.get() != *uids.begin()) {
+        m_appState->selectedEmailUID = *uids.begin();
+        viewModel->markSeenLocally(*uids.begin());
+    }
+}
+
+void EmailListState::openInWindow(qint64 uid) {
+    Q_EMIT emailWindowRequested({uid, requestFolder()});
+}
+
+void EmailListState::answerChangedFolder() {
+    const auto changedFolder = m_appState->emailsChangedInFolder.get();
+    if (!changedFolder || changedFolder->toUpper() != requestFolder().toUpper())
+        return;
+    m_appState->emailsChangedInFolder = std::nullopt;
+    launch(viewModel->load(requestFolder(), 1, isFavorites()));
+}
+
+void EmailListState::takeModelChange() {
+    rows.setEmails(viewModel->emails, isSentFolder());
+    scheduleChange();
+}

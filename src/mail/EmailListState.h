@@ -1,0 +1,66 @@
+#pragma once
+
+#include "app/AppState.h"
+#include "mail/EmailListModel.h"
+#include "mail/EmailWindowRef.h"
+#include "mail/MailboxViewModel.h"
+#include "platform/Tasks.h"
+#include "ui/ViewTexts.h"
+
+/// What the message list screen decides: which folder, which of its contents shows, the search as it is typed, the
+/// selection and what follows from it.
+class EmailListState : public ObservableObject, public std::enable_shared_from_this<EmailListState> {
+    Q_OBJECT
+public:
+    enum class Content { rows, empty, failure, skeleton };
+
+    static std::shared_ptr<EmailListState> make(std::shared_ptr<AppState> appState);
+
+    const std::shared_ptr<MailboxViewModel> viewModel = std::make_shared<MailboxViewModel>();
+    /// The rows of `viewModel`, changed as little as possible at each load.
+    EmailListModel rows;
+
+    Published<MailFolder> folder{this};
+    /// The folder whose first load has ended.
+    Published<std::optional<QString>> loadedFolderPath{this};
+    Published<std::vector<MailFolder>> contextMenuFolders{this};
+
+    /// Shows another folder, or takes what has changed about the present one.
+    void setFolder(const MailFolder &shown);
+    /// The real path that every mail operation uses.
+    QString requestFolder() const;
+
+    Content content() const;
+    /// What to show in place of rows when there are none.
+    ViewTexts placeholder() const;
+    /// "1 message", "120 messages".
+    QString countText() const;
+    bool isSentFolder() const;
+    bool showsStars() const;
+
+    void reload();
+    void nextPage();
+    void previousPage();
+    void setSearchQuery(const QString &text);
+    /// Return in the search box: loads at once.
+    void submitSearch();
+    void setSelection(const std::set<qint64> &uids);
+    void openInWindow(qint64 uid);
+
+Q_SIGNALS:
+    void emailWindowRequested(const EmailWindowRef &reference);
+
+private:
+    explicit EmailListState(std::shared_ptr<AppState> appState);
+
+    bool isFavorites() const;
+    void startFolder();
+    QCoro::Task<> loadFolder(QString path, std::stop_token stop);
+    QCoro::Task<> debounceSearch(std::stop_token stop);
+    void answerChangedFolder();
+    void takeModelChange();
+
+    std::shared_ptr<AppState> m_appState;
+    QString m_lastSearch;
+    TaskSlot m_folderTask, m_searchTask;
+};

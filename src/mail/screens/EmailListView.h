@@ -1,0 +1,45 @@
+#pragma once
+
+#include "mail/EmailListState.h"
+
+#include <QWidget>
+
+class EmptyStateView;
+class IconButton;
+class QListView;
+class QStackedWidget;
+class SearchBar;
+class ThemeLabel;
+
+/// The middle column of the main window: one folder's messages, page by page.
+class EmailListView final : public QWidget {
+    Q_OBJECT
+public:
+    explicit EmailListView(std::shared_ptr<EmailListState> state, QWidget *parent = nullptr);
+
+    QListView *list() const { return m_list; }
+    void focusSearch();
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    QWidget *makeHeader();
+    QWidget *makeStatusBar();
+    void setUpList();
+    void render();
+    void renderContent();
+    void renderStatus();
+    void takeSelection();
+    void openCurrent();
+
+    std::shared_ptr<EmailListState> m_state;
+    ThemeLabel *m_title, *m_count;
+    SearchBar *m_search;
+    QStackedWidget *m_stack;
+    QListView *m_list;
+    EmptyStateView *m_placeholder;
+    QWidget *m_skeleton;
+    ThemeLabel *m_selected, *m_page;
+    IconButton *m_previous, *m_next;
+};

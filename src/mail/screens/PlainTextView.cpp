@@ -1,0 +1,179 @@
+#include "mail/screens/PlainTextView.h"
+
+#include "mail/screens/ScrollingColumn.h"
+
+#include <QClipboard>
+#include <QContextMenuEvent>
+#include <QGuiApplication>
+#include <QMenu>
+#include <QPainter>
+#include <QTextBoundaryFinder>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int padding = 16;
+constexpr int fontSize = 14;
+/// How long one turn of measuring may keep the main thread, in milliseconds.
+constexpr int measuringSlice = 4;
+
+QTextLayout::FormatRange selectionIn(qsizetype from, qsizetype to, qsizetype start, qsizetype length,
+                                     const QPalette &palette) {
+    QTextLayout::FormatRange range;
+    range.start = int(std::clamp<qsizetype>(from - start, 0, length));
+    range.length = int(std::clamp<qsizetype>(to - start, 0, length)) - range.start;
+    range.format.setBackground(palette.highlight());
+    range.format.setForeground(palette.highlightedText());
+    return range;
+}
+
+} // namespace
+
+PlainTextView::PlainTextView(QWidget *parent)
+    : QWidget(parent)
+    , m_column(new ScrollingColumn(this)) {
+    setFocusPolicy(Qt::StrongFocus);
+    setCursor(Qt::IBeamCursor);
+    setAccessibleName(tr("Message text"));
+    auto textFont = font();
+    textFont.setPixelSize(fontSize);
+    setFont(textFont);
+}
+
+void PlainTextView::setText(const QString &text) {
+    if (text == m_text)
+        return;
+    m_text = text;
+    m_anchor = m_cursor = 0;
+    m_paragraphs.setText(text);
+    applyHeight();
+    measureNext();
+    update();
+}
+
+void PlainTextView::setTheme(const ThemeDefinition &theme) {
+    m_theme = theme;
+    update();
+}
+
+void PlainTextView::measureNext() {
+    m_measuring.reset();
+    if (m_paragraphs.isMeasured())
+        return;
+    m_paragraphs.measure(measuringSlice);
+    applyHeight();
+    m_measuring = Clock::shared().after({}, [this] { measureNext(); });
+}
+
+void PlainTextView::applyHeight() {
+    setFixedHeight(m_paragraphs.height() + 2 * padding);
+    update();
+}
+
+bool PlainTextView::event(QEvent *event) {
+    if (event->type() == QEvent::FontChange) {
+        m_paragraphs.setGeometry(font(), width() - 2 * padding);
+        measureNext();
+    }
+    return QWidget::event(event);
+}
+
+void PlainTextView::resizeEvent(QResizeEvent *event) {
+    QWidget::resizeEvent(event);
+    m_paragraphs.setGeometry(font(), width() - 2 * padding);
+    measureNext();
+}
+
+void PlainTextView::paintEvent(QPaintEvent *event) {
+    if (m_paragraphs.count() == 0)
+        return;
+    QPainter painter(this);
+    painter.setPen(m_theme.text);
+    const auto area = event->rect().translated(0, -padding);
+    const auto [from, to] = std::minmax(m_anchor, m_cursor);
+    const auto last = m_paragraphs.paragraphAt(area.bottom());
+    for (int number = m_paragraphs.paragraphAt(area.top()); number <= last; ++number) {
+        const auto selection =
+            selectionIn(from, to, m_paragraphs.start(number), m_paragraphs.length(number), palette());
+        const auto selections = selection.length > 0 ? QList{selection} : QList<QTextLayout::FormatRange>();
+        m_paragraphs.layout(number)->draw(&painter, QPointF(padding, padding + m_paragraphs.top(number)), selections);
+    }
+}
+
+qsizetype PlainTextView::positionAt(const QPointF &point) const {
+    return m_paragraphs.positionAt(point - QPointF(padding, padding));
+}
+
+void PlainTextView::select(qsizetype anchor, qsizetype cursor) {
+    m_anchor = anchor;
+    m_cursor = cursor;
+    update(m_column->window());
+}
+
+void PlainTextView::mousePressEvent(QMouseEvent *event) {
+    if (event->button() != Qt::LeftButton)
+        return;
+    const auto position = positionAt(event->position());
+    select(event->modifiers() & Qt::ShiftModifier ? m_anchor : position, position);
+}
+
+void PlainTextView::mouseMoveEvent(QMouseEvent *event) {
+    if (!(event->buttons() & Qt::LeftButton))
+        return;
+    select(m_anchor, positionAt(event->position()));
+    const auto window = m_column->window();
+    const auto y = int(event->position().y());
+    if (y < window.top())
+        m_column->scrollTo(y);
+    else if (y > window.bottom())
+        m_column->scrollTo(window.top() + y - window.bottom());
+}
+
+void PlainTextView::mouseDoubleClickEvent(QMouseEvent *event) {
+    const auto position = positionAt(event->position());
+    if (m_paragraphs.count() == 0)
+        return;
+    const auto paragraph = m_paragraphs.paragraphAt(int(event->position().y()) - padding);
+    const auto start = m_paragraphs.start(paragraph);
+    QTextBoundaryFinder words(QTextBoundaryFinder::Word,
+                              m_paragraphs.text().mid(start, m_paragraphs.length(paragraph)));
+    words.setPosition(position - start);
+    if (!words.isAtBoundary())
+        words.toPreviousBoundary();
+    const auto wordStart = start + words.position();
+    const auto wordEnd = words.toNextBoundary();
+    select(wordStart, wordEnd < 0 ? wordStart : start + wordEnd);
+}
+
+void PlainTextView::keyPressEvent(QKeyEvent *event) {
+    if (event->matches(QKeySequence::Copy))
+        copySelection();
+    else if (event->matches(QKeySequence::SelectAll))
+        selectAll();
+    else if (!m_column->handleKey(event))
+        QWidget::keyPressEvent(event);
+}
+
+void PlainTextView::contextMenuEvent(QContextMenuEvent *event) {
+    auto *menu = new QMenu(this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    auto *copy = menu->addAction(tr("Copy"), this, &PlainTextView::copySelection);
+    copy->setEnabled(m_anchor != m_cursor);
+    menu->addAction(tr("Select All"), this, &PlainTextView::selectAll);
+    menu->popup(event->globalPos());
+}
+
+QString PlainTextView::selectedText() const {
+    const auto [from, to] = std::minmax(m_anchor, m_cursor);
+    return m_paragraphs.text().mid(from, to - from);
+}
+
+void PlainTextView::copySelection() {
+    if (m_anchor != m_cursor)
+        QGuiApplication::clipboard()->setText(selectedText());
+}
+
+void PlainTextView::selectAll() {
+    select(0, m_paragraphs.text().size());
+}

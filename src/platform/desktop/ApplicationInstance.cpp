@@ -1,0 +1,51 @@
+#include "platform/desktop/ApplicationInstance.h"
+
+#include <QDBusConnection>
+#include <QDBusConnectionInterface>
+#include <QDBusMessage>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const auto serviceName = u"com.corvanite.Corvanite"_s;
+const auto objectPath = u"/com/corvanite/Corvanite"_s;
+const auto interfaceName = u"org.freedesktop.Application"_s;
+
+void askOtherToActivate(QDBusConnection &bus) {
+    auto call = QDBusMessage::createMethodCall(serviceName, objectPath, interfaceName, u"Activate"_s);
+    call << QVariantMap();
+    bus.call(call, QDBus::Block, 2000);
+}
+
+} // namespace
+
+ApplicationInstance::ApplicationInstance(QObject *parent)
+    : QObject(parent) {
+    auto bus = QDBusConnection::sessionBus();
+    if (!bus.isConnected())
+        return;
+    bus.registerObject(objectPath, this, QDBusConnection::ExportScriptableSlots);
+    if (!bus.registerService(serviceName)) {
+        m_role = Role::secondary;
+        askOtherToActivate(bus);
+        return;
+    }
+    m_role = Role::primary;
+    QDBusConnection::systemBus().connect(u"org.freedesktop.login1"_s, u"/org/freedesktop/login1"_s,
+                                         u"org.freedesktop.login1.Manager"_s, u"PrepareForSleep"_s, this,
+                                         SLOT(prepareForSleep(bool)));
+}
+
+void ApplicationInstance::Activate(const QVariantMap &) {
+    Q_EMIT activated();
+}
+
+void ApplicationInstance::Open(const QStringList &, const QVariantMap &) {
+    Q_EMIT activated();
+}
+
+void ApplicationInstance::prepareForSleep(bool isStarting) {
+    if (!isStarting)
+        Q_EMIT wokeFromSleep();
+}

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <QObject>
+
+/// The one running instance of the program, known on the session bus as `com.corvanite.Corvanite` by the interface
+/// `org.freedesktop.Application`.
+class ApplicationInstance : public QObject {
+    Q_OBJECT
+public:
+    enum class Role {
+        /// This process owns the name; later starts are handed to it.
+        primary,
+        /// Another process owns it and has been asked to come to the front.
+        secondary,
+        /// There is no session bus: the processes know nothing of each other.
+        alone
+    };
+
+    explicit ApplicationInstance(QObject *parent = nullptr);
+
+    Role role() const { return m_role; }
+
+Q_SIGNALS:
+    /// The program was started again, or clicked on, while it runs.
+    void activated();
+    void wokeFromSleep();
+
+public Q_SLOTS:
+    // The methods of org.freedesktop.Application.
+    Q_SCRIPTABLE void Activate(const QVariantMap &platformData);
+    Q_SCRIPTABLE void Open(const QStringList &uris, const QVariantMap &platformData);
+
+private Q_SLOTS:
+    void prepareForSleep(bool isStarting);
+
+private:
+    Role m_role = Role::alone;
+
+    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Application")
+};

@@ -1,0 +1,72 @@
+#include "driver/AppDriver.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QJsonDocument>
+#include <QLineEdit>
+#include <QScreen>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr auto quietTime = 60; // milliseconds without an event
+
+void writeProfile(const QString &folder, const QString &serverAddress) {
+    for (const auto *variable : {"XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_CACHE_HOME"})
+        qputenv(variable, folder.toUtf8());
+    QDir().mkpath(folder + u"/corvanite"_s);
+    QFile defaults(folder + u"/corvanite/defaults.json"_s);
+    if (defaults.open(QIODevice::WriteOnly))
+        defaults.write(QJsonDocument(QJsonObject{{u"serverURL"_s, serverAddress}}).toJson());
+}
+
+} // namespace
+
+AppDriver::AppDriver(const QString &serverAddress) {
+    writeProfile(m_profile.path(), serverAddress);
+    m_app = std::make_unique<CorvaniteApp>();
+    m_app->launch();
+    waitUntil([this] { return window().isVisible() && !state().isLoading.get(); });
+}
+
+AppDriver::~AppDriver() = default;
+
+bool AppDriver::waitUntil(const std::function<bool()> &condition, int seconds) {
+    return QTest::qWaitFor(condition, seconds * 1000);
+}
+
+void AppDriver::settle() { QTest::qWait(quietTime); }
+
+void AppDriver::signIn(const QString &username, const QString &password) {
+    waitUntil([this] { return find<QLineEdit>(u"Username or Email"_s) != nullptr; });
+    find<QLineEdit>(u"Username or Email"_s)->setFocus();
+    type(username);
+    press(Qt::Key_Tab);
+    type(password);
+    press(Qt::Key_Return);
+    waitUntil([this] { return state().isAuthenticated.get(); });
+}
+
+void AppDriver::type(const QString &text) {
+    for (const auto character : text)
+        QTest::sendKeyEvent(QTest::Click, QApplication::focusWidget(), Qt::Key_unknown, QString(character), {});
+}
+
+void AppDriver::press(Qt::Key key, Qt::KeyboardModifiers modifiers) {
+    if (auto *focused = QApplication::focusWidget())
+        QTest::keyClick(focused, key, modifiers);
+    else
+        QTest::keyClick(&window(), key, modifiers);
+}
+
+void AppDriver::click(QWidget *widget) { QTest::mouseClick(widget, Qt::LeftButton); }
+
+QImage AppDriver::screenshot() {
+    settle();
+    const auto frame = window().geometry();
+    return window().screen()->grabWindow(0, frame.x(), frame.y(), frame.width(), frame.height()).toImage();
+}

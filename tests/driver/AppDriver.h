@@ -1,0 +1,44 @@
+#pragma once
+
+#include "app/screens/CorvaniteApp.h"
+
+#include <QImage>
+#include <QTemporaryDir>
+#include <functional>
+
+/// Runs the whole program in this process and uses it as a person would: keys, clicks, looking at the screen.
+class AppDriver {
+public:
+    /// The profile is a folder of its own, which knows this server's address.
+    explicit AppDriver(const QString &serverAddress);
+    ~AppDriver();
+
+    AppState &state() { return *m_app->appState(); }
+    QWidget &window() { return *m_app->mainWindow(); }
+
+    /// Runs the event loop until the condition holds; false after `seconds`.
+    static bool waitUntil(const std::function<bool()> &condition, int seconds = 20);
+    /// Runs the event loop until nothing has happened for a moment, so that pending paints are on the screen.
+    static void settle();
+
+    /// The visible widget with this accessible name, below `root` or the main window; null when there is none.
+    template <typename Widget = QWidget> Widget *find(const QString &accessibleName, QWidget *root = nullptr) {
+        for (auto *widget : (root ? root : &window())->findChildren<Widget *>())
+            if (widget->isVisible() && widget->accessibleName() == accessibleName)
+                return widget;
+        return nullptr;
+    }
+
+    void signIn(const QString &username, const QString &password);
+    /// Waits until the list shows rows, a placeholder or an error.
+    bool waitForList();
+    void type(const QString &text);
+    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {});
+    void click(QWidget *widget);
+    /// What the display shows at the window's place, whatever drew it.
+    QImage screenshot();
+
+private:
+    QTemporaryDir m_profile;
+    std::unique_ptr<CorvaniteApp> m_app;
+};

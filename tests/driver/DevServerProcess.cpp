@@ -1,0 +1,36 @@
+#include "driver/DevServerProcess.h"
+
+#include <QUrl>
+#include <stdexcept>
+
+using namespace Qt::StringLiterals;
+
+DevServerProcess::DevServerProcess(const QStringList &arguments) : m_arguments(arguments) {
+    m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    start(u"0"_s);
+}
+
+DevServerProcess::~DevServerProcess() {
+    m_process.terminate();
+    if (!m_process.waitForFinished(5000))
+        kill();
+}
+
+void DevServerProcess::kill() {
+    m_process.kill();
+    m_process.waitForFinished();
+}
+
+void DevServerProcess::restart() { start(QString::number(QUrl(m_address).port())); }
+
+void DevServerProcess::start(const QString &port) {
+    m_process.start(QString::fromUtf8(CORVANITE_DEVSERVER),
+                    QStringList{u"--port"_s, port, u"--state"_s, m_state.path()} + m_arguments);
+    while (m_process.state() != QProcess::NotRunning && !m_process.canReadLine())
+        if (!m_process.waitForReadyRead(60000))
+            break;
+    const auto words = QString::fromUtf8(m_process.readLine()).trimmed().split(u' ');
+    if (words.size() != 2)
+        throw std::runtime_error("the development server did not start");
+    m_address = words[1];
+}
