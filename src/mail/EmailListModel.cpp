@@ -135,7 +135,7 @@ int EmailListModel::rowCount(const QModelIndex &parent) const {
 }
 
 QVariant EmailListModel::data(const QModelIndex &index, int role) const {
-    if (!checkIndex(index, CheckIndexOption::IndexIsValid))
+    if (!index.isValid())
         return {};
     const auto &shown = row(index.row());
     switch (role) {
