@@ -39,5 +39,6 @@ bool selectionHasOwner(xcb_connection_t *connection, const QByteArray &selection
 
 bool isComposited() {
     const auto *x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-    return !x11 || selectionHasOwner(x11->connection(), "_NET_WM_CM_S0"_ba);
+    // The platform `offscreen` offers the interface too, without a connection.
+    return !x11 || !x11->connection() || selectionHasOwner(x11->connection(), "_NET_WM_CM_S0"_ba);
 }

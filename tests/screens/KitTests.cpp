@@ -1,0 +1,231 @@
+#include "screens/ScreenTest.h"
+#include "ui/ThemeManager.h"
+#include "ui/screens/AppStyle.h"
+#include "ui/screens/AvatarView.h"
+#include "ui/screens/Buttons.h"
+#include "ui/screens/EmptyStateView.h"
+#include "ui/screens/ErrorBanner.h"
+#include "ui/screens/FlowLayout.h"
+#include "ui/screens/FormField.h"
+#include "ui/screens/MacSidebarHeader.h"
+#include "ui/screens/SearchBar.h"
+#include "ui/screens/SkeletonView.h"
+#include "ui/screens/Symbols.h"
+#include "ui/screens/ThemeLabel.h"
+#include "ui/screens/ThemePickerView.h"
+
+#include <QAccessible>
+#include <QAction>
+#include <QDir>
+#include <QLineEdit>
+#include <QSignalSpy>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class KitTest : public ScreenTest {
+protected:
+    void SetUp() override { show(u"light"); }
+    ~KitTest() override { show(u"light"); }
+
+    static void show(QStringView themeId) {
+        applyTheme(resolvedTheme(themeId, ColorScheme::light));
+        deliverQueuedEvents();
+    }
+};
+
+QString accessibleName(QWidget &widget) {
+    return QAccessible::queryAccessibleInterface(&widget)->text(QAccessible::Name);
+}
+
+/// The colour that most of the opaque pixels have.
+QColor inkOf(const QPixmap &pixmap) {
+    const QImage image = pixmap.toImage();
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            if (image.pixelColor(x, y).alpha() == 255)
+                return image.pixelColor(x, y);
+        }
+    }
+    return {};
+}
+
+TEST_F(KitTest, EverySymbolOfTheTableIsDrawnInItsColour) {
+    // Asking for one loads them all.
+    ASSERT_TRUE(hasSymbol(u"envelope.fill"_s));
+    const QStringList loaded = QDir(u":/symbols"_s).entryList();
+    ASSERT_GT(loaded.size(), 90);
+    for (QString name : loaded) {
+        name.chop(4);
+        EXPECT_EQ(inkOf(symbolPixmap(name, Qt::red, 32, 1)), QColor(Qt::red)) << qPrintable(name);
+    }
+}
+
+TEST_F(KitTest, AnUnknownSymbolDrawsNothing) {
+    EXPECT_FALSE(hasSymbol(u"no.such.symbol"_s));
+    EXPECT_FALSE(inkOf(symbolPixmap(u"no.such.symbol"_s, Qt::red, 16, 1)).isValid());
+    EXPECT_TRUE(symbolIcon({}).isNull());
+}
+
+TEST_F(KitTest, ASymbolHasThePixelsOfItsScreen) {
+    const QPixmap sharp = symbolPixmap(u"star"_s, Qt::black, 16, 2);
+    EXPECT_EQ(sharp.size(), QSize(32, 32));
+    EXPECT_EQ(sharp.deviceIndependentSize(), QSizeF(16, 16));
+}
+
+TEST_F(KitTest, IconsFollowTheTheme) {
+    const QIcon icon = symbolIcon(u"tray.fill"_s);
+    EXPECT_EQ(inkOf(icon.pixmap(32)), AppStyle::theme().textSecondary);
+    show(u"dracula");
+    EXPECT_EQ(inkOf(icon.pixmap(32)), QColor(0xc0c0d0));
+}
+
+TEST_F(KitTest, LabelsFollowTheThemeAndShowMarkupAsItIs) {
+    ThemeLabel label(u"<b>no markup</b>"_s, TextStyle::body, TextRole::secondary);
+    EXPECT_EQ(label.textFormat(), Qt::PlainText);
+    EXPECT_EQ(label.palette().color(QPalette::WindowText), QColor(0x475569));
+    show(u"dracula");
+    EXPECT_EQ(label.palette().color(QPalette::WindowText), QColor(0xc0c0d0));
+}
+
+TEST_F(KitTest, ControlsAreNamedByTheirTextOrHelp) {
+    IconButton icon(u"trash"_s, u"Move to Trash (⌘Delete)"_s);
+    EXPECT_EQ(accessibleName(icon), u"Move to Trash (⌘Delete)"_s);
+    EXPECT_EQ(icon.toolTip(), u"Move to Trash (⌘Delete)"_s);
+    PrimaryButton primary(u"Save Changes"_s);
+    EXPECT_EQ(accessibleName(primary), u"Save Changes"_s);
+    Chip chip(u"calendar"_s, u"Today"_s);
+    EXPECT_EQ(accessibleName(chip), u"Today"_s);
+    SearchBar search(u"Search emails…"_s);
+    EXPECT_EQ(accessibleName(search), u"Search emails…"_s);
+    FormField field(u"Password"_s, u"Enter your password"_s, FormField::Kind::secure);
+    EXPECT_EQ(accessibleName(*field.lineEdit()), u"Password"_s);
+    AvatarView avatar(32);
+    avatar.setPerson(u"Anna Weber"_s);
+    EXPECT_EQ(accessibleName(avatar), u"Anna Weber"_s);
+}
+
+TEST_F(KitTest, ABusyButtonCannotBePressedAndComesBack) {
+    PrimaryButton button(u"Save Changes"_s);
+    QSignalSpy pressed(&button, &QPushButton::clicked);
+    button.setBusy(true);
+    button.click();
+    EXPECT_EQ(pressed.count(), 0);
+    EXPECT_EQ(button.text(), u"Save Changes"_s) << "its name stays for screen readers";
+    button.setBusy(false);
+    button.click();
+    EXPECT_EQ(pressed.count(), 1);
+}
+
+TEST_F(KitTest, SearchBarOffersToClearOnlyWhatIsThere) {
+    SearchBar search(u"Search emails…"_s);
+    QAction *clear = search.actions().constFirst();
+    EXPECT_EQ(clear->toolTip(), u"Clear search"_s);
+    EXPECT_FALSE(clear->isVisible());
+    QTest::keyClicks(&search, u"invoice"_s);
+    EXPECT_TRUE(clear->isVisible());
+    clear->trigger();
+    EXPECT_TRUE(search.text().isEmpty());
+    EXPECT_FALSE(clear->isVisible());
+}
+
+TEST_F(KitTest, SearchBarSubmitsWithReturnAndClearsWithEscape) {
+    SearchBar search(u"Search emails…"_s);
+    QSignalSpy submitted(&search, &QLineEdit::returnPressed);
+    search.setText(u"invoice"_s);
+    QTest::keyClick(&search, Qt::Key_Return);
+    EXPECT_EQ(submitted.count(), 1);
+    QTest::keyClick(&search, Qt::Key_Escape);
+    EXPECT_TRUE(search.text().isEmpty());
+}
+
+TEST_F(KitTest, FormFieldKeepsTheCursorWhenItsTextIsSetAgain) {
+    FormField field(u"Username"_s);
+    field.setText(u"anna"_s);
+    field.lineEdit()->setCursorPosition(1);
+    field.setText(u"anna"_s);
+    EXPECT_EQ(field.lineEdit()->cursorPosition(), 1);
+}
+
+TEST_F(KitTest, ErrorBannerTakesNoRoomWithoutAnError) {
+    QWidget form;
+    auto *banner = new ErrorBanner(&form);
+    EXPECT_TRUE(banner->isHidden());
+    banner->setError(u"Session expired. Please log in again."_s);
+    EXPECT_FALSE(banner->isHidden());
+    EXPECT_EQ(accessibleName(*banner), u"Session expired. Please log in again."_s);
+    banner->setError(std::nullopt);
+    EXPECT_TRUE(banner->isHidden());
+}
+
+TEST_F(KitTest, EmptyStateHasAButtonOnlyWhenTold) {
+    EmptyStateView view({u"tray"_s, u"Message moved"_s, u"Select another email to read it"_s});
+    auto *button = view.findChild<PrimaryButton *>();
+    EXPECT_TRUE(button->isHidden());
+    view.setButton(u"Try Again"_s);
+    EXPECT_FALSE(button->isHidden());
+    QSignalSpy pressed(&view, &EmptyStateView::buttonPressed);
+    button->click();
+    EXPECT_EQ(pressed.count(), 1);
+}
+
+TEST_F(KitTest, SkeletonRestsWhileItIsNotSeen) {
+    SkeletonView skeleton;
+    EXPECT_FALSE(skeleton.isShimmering());
+    skeleton.show();
+    EXPECT_TRUE(skeleton.isShimmering());
+    skeleton.hide();
+    EXPECT_FALSE(skeleton.isShimmering());
+}
+
+TEST_F(KitTest, SidebarHeaderStartsAMessage) {
+    MacSidebarHeader header;
+    auto *compose = header.findChild<MacSidebarAction *>();
+    EXPECT_EQ(compose->text(), u"Compose"_s);
+    EXPECT_EQ(compose->toolTip(), u"New Message (⌘N)"_s);
+    QSignalSpy requested(&header, &MacSidebarHeader::composeRequested);
+    compose->click();
+    EXPECT_EQ(requested.count(), 1);
+}
+
+TEST_F(KitTest, FlowLayoutWrapsSkipsHiddenWidgetsAndKnowsItsHeight) {
+    QWidget host;
+    auto *layout = new FlowLayout(4, &host);
+    QList<QWidget *> children;
+    for (int i = 0; i < 4; ++i) {
+        children.append(new QWidget);
+        children.last()->setFixedSize(40, 20);
+        layout->addWidget(children.last());
+    }
+    children[1]->hide();
+    host.resize(90, 100);
+    host.show();
+    EXPECT_EQ(children[0]->pos(), QPoint(0, 0));
+    EXPECT_EQ(children[2]->pos(), QPoint(44, 0));
+    EXPECT_EQ(children[3]->pos(), QPoint(0, 24));
+    EXPECT_EQ(layout->heightForWidth(90), 44);
+    EXPECT_EQ(layout->heightForWidth(200), 20);
+}
+
+TEST_F(KitTest, ThemePickerMarksTheCurrentThemeAndPutsOnTheChosenOne) {
+    UserDefaults defaults(temporaryPath(u"defaults.json"_s));
+    ThemeManager manager(defaults);
+    ThemePickerView picker(&manager);
+    const auto cells = picker.findChildren<ThemePickerCell *>();
+    ASSERT_EQ(cells.size(), 26);
+    EXPECT_TRUE(cells[0]->isChecked());
+    EXPECT_EQ(accessibleName(*cells[2]), u"Deep Space"_s);
+    cells[3]->click();
+    EXPECT_EQ(manager.currentThemeId(), u"amoled"_s);
+    EXPECT_TRUE(cells[3]->isChecked());
+    EXPECT_FALSE(cells[0]->isChecked());
+    cells[3]->click();
+    EXPECT_TRUE(cells[3]->isChecked()) << "pressed again it stays chosen";
+    manager.setCurrentThemeId(u"nord"_s);
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(cells[3]->isChecked());
+}
+
+} // namespace
