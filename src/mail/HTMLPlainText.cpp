@@ -21,7 +21,8 @@ QString withLineBreaks(const QString &html) {
     const auto oneLine = replaced(html, uR"(\s+)"_s, u" "_s);
     const auto lines =
         replaced(oneLine, uR"(<br\b[^>]*>|</?(?:div|tr|li|h[1-6]|table|blockquote|pre|hr)\b[^>]*>)"_s, u"\n"_s);
-    return replaced(lines, uR"(</?(?:p|ul|ol)\b[^>]*>)"_s, u"\n\n"_s);
+    const auto cells = replaced(lines, uR"(</t[dh]\s*>)"_s, u" "_s);
+    return replaced(cells, uR"(</?(?:p|ul|ol)\b[^>]*>)"_s, u"\n\n"_s);
 }
 
 QString character(const QString &entity) {
