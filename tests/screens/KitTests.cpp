@@ -8,11 +8,14 @@
 #include "ui/screens/FlowLayout.h"
 #include "ui/screens/FormField.h"
 #include "ui/screens/MacSidebarHeader.h"
+#include "ui/screens/MailThemeBackground.h"
 #include "ui/screens/SearchBar.h"
+#include "ui/screens/Sheet.h"
 #include "ui/screens/SkeletonView.h"
 #include "ui/screens/Symbols.h"
 #include "ui/screens/ThemeLabel.h"
 #include "ui/screens/ThemePickerView.h"
+#include "ui/screens/Toggle.h"
 
 #include <QAccessible>
 #include <QAction>
@@ -119,6 +122,57 @@ TEST_F(KitTest, ABusyButtonCannotBePressedAndComesBack) {
     EXPECT_EQ(pressed.count(), 1);
 }
 
+TEST_F(KitTest, AChipIsMarkedByItsOwnerAlone) {
+    Chip chip(u"xmark.circle"_s, u"Clear"_s);
+    QSignalSpy pressed(&chip, &Chip::clicked);
+    chip.click();
+    EXPECT_EQ(pressed.count(), 1);
+    EXPECT_FALSE(chip.isChecked());
+    chip.setChecked(true);
+    EXPECT_TRUE(chip.isChecked());
+}
+
+TEST_F(KitTest, AToggleIsSwitchedAnywhereOnItsRowAndByTheSpaceBar) {
+    Toggle toggle(u"Enable notifications"_s);
+    toggle.resize(400, 32);
+    QTest::mouseClick(&toggle, Qt::LeftButton, {}, QPoint(390, 16));
+    EXPECT_TRUE(toggle.isChecked());
+    QTest::mouseClick(&toggle, Qt::LeftButton, {}, QPoint(200, 16));
+    EXPECT_FALSE(toggle.isChecked());
+    QTest::keyClick(&toggle, Qt::Key_Space);
+    EXPECT_TRUE(toggle.isChecked());
+    EXPECT_EQ(accessibleName(toggle), u"Enable notifications"_s);
+}
+
+TEST_F(KitTest, ASheetClosesWithEscapeAndAnswersReturnWithItsPrimaryButton) {
+    QWidget window;
+    Sheet sheet(u"Custom Range"_s, u"Pick the period to search."_s, &window);
+    QSignalSpy cancelled(sheet.addButton(u"Cancel"_s), &QPushButton::clicked);
+    QSignalSpy applied(sheet.addButton(u"Apply"_s, ButtonRole::primary), &QPushButton::clicked);
+    sheet.open();
+    EXPECT_EQ(sheet.windowModality(), Qt::WindowModal);
+    QTest::keyClick(&sheet, Qt::Key_Return);
+    EXPECT_EQ(applied.count(), 1);
+    EXPECT_EQ(cancelled.count(), 0);
+    QTest::keyClick(&sheet, Qt::Key_Escape);
+    EXPECT_FALSE(sheet.isVisible());
+}
+
+TEST_F(KitTest, TheSkyIsPaintedUnderTheThemeSpaceAlone) {
+    MailThemeBackground background;
+    background.resize(300, 200);
+    const auto colors = [&] {
+        QSet<QRgb> seen;
+        const QImage image = background.grab().toImage();
+        for (int x = 0; x < image.width(); ++x)
+            seen.insert(image.pixel(x, 20));
+        return seen.size();
+    };
+    EXPECT_EQ(colors(), 1);
+    show(u"space");
+    EXPECT_GT(colors(), 10);
+}
+
 TEST_F(KitTest, SearchBarOffersToClearOnlyWhatIsThere) {
     SearchBar search(u"Search emails…"_s);
     QAction *clear = search.actions().constFirst();
@@ -218,13 +272,14 @@ TEST_F(KitTest, ThemePickerMarksTheCurrentThemeAndPutsOnTheChosenOne) {
     EXPECT_TRUE(cells[0]->isChecked());
     EXPECT_EQ(accessibleName(*cells[2]), u"Deep Space"_s);
     cells[3]->click();
+    deliverQueuedEvents();
     EXPECT_EQ(manager.currentThemeId(), u"amoled"_s);
     EXPECT_TRUE(cells[3]->isChecked());
     EXPECT_FALSE(cells[0]->isChecked());
     cells[3]->click();
     EXPECT_TRUE(cells[3]->isChecked()) << "pressed again it stays chosen";
     manager.setCurrentThemeId(u"nord"_s);
-    QCoreApplication::processEvents();
+    deliverQueuedEvents();
     EXPECT_FALSE(cells[3]->isChecked());
 }
 

@@ -153,6 +153,10 @@ void AppStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *optio
         return paintItemBackground(painter, *option, m_theme);
     case PE_PanelItemViewRow:
         return;
+    case PE_IndicatorBranch:
+        if (option->state & State_Children)
+            paintDisclosure(painter, *option, m_theme);
+        return;
     case PE_Frame:
         if (isTextArea(widget))
             return paintField(painter, *option, m_theme);
@@ -232,6 +236,8 @@ QRect AppStyle::subControlRect(ComplexControl control, const QStyleOptionComplex
 QRect AppStyle::subElementRect(SubElement element, const QStyleOption *option, const QWidget *widget) const {
     if (element == SE_LineEditContents && as<QStyleOptionFrame>(option).lineWidth > 0)
         return option->rect.adjusted(StyleMetrics::fieldPadding - 2, 0, 2 - StyleMetrics::fieldPadding, 0);
+    if (element == SE_ItemViewItemFocusRect)
+        return option->rect;
     if (element == SE_ProgressBarGroove || element == SE_ProgressBarContents)
         return option->rect;
     return QProxyStyle::subElementRect(element, option, widget);

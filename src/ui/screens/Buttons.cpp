@@ -9,6 +9,10 @@
 #include <QStyleOptionButton>
 #include <QStylePainter>
 
+QString literalButtonText(QString words) {
+    return words.replace(u'&', QStringLiteral("&&"));
+}
+
 PrimaryButton::PrimaryButton(const QString &text, QWidget *parent)
     : QPushButton(text, parent) {
     setButtonRole(this, ButtonRole::primary);

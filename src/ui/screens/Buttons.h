@@ -7,6 +7,9 @@
 
 class Spinner;
 
+/// A button's text that shows these words as they are: Qt would take "&" for the mark of a shortcut.
+QString literalButtonText(QString words);
+
 /// The one button of a form that does what the form is for.
 class PrimaryButton : public QPushButton {
     Q_OBJECT
@@ -46,7 +49,8 @@ private:
     QString m_symbol;
 };
 
-/// A choice that is on or off, small and round-ended, as in a row of filters. It is checked while it is on.
+/// A choice that is on or off, small and round-ended, as in a row of filters. Pressing it does not check it: whoever
+/// owns the choice does.
 class Chip : public QAbstractButton {
     Q_OBJECT
 public:
@@ -55,6 +59,7 @@ public:
     QSize sizeHint() const override;
 
 protected:
+    void nextCheckState() override {}
     void paintEvent(QPaintEvent *event) override;
 
 private:

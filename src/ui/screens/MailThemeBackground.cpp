@@ -54,9 +54,9 @@ void MailThemeBackground::paintEvent(QPaintEvent *event) {
     QPainter painter(this);
     const auto &theme = AppStyle::theme();
     if (theme.isSpace())
-        painter.drawPixmap(0, 0, sky(theme));
-    else
-        painter.fillRect(event->rect(), m_elevated ? theme.bgWhite : theme.bg);
+        return painter.drawPixmap(0, 0, sky(theme));
+    m_sky = {};
+    painter.fillRect(event->rect(), m_elevated ? theme.bgWhite : theme.bg);
 }
 
 const QPixmap &MailThemeBackground::sky(const ThemeDefinition &theme) {

@@ -1,9 +1,12 @@
 #include "ui/screens/StyleItems.h"
 
 #include "ui/screens/StyleShapes.h"
+#include "ui/screens/Symbols.h"
 
 #include <QPainter>
 #include <QStyleOption>
+
+using namespace Qt::StringLiterals;
 
 void paintItemBackground(QPainter *painter, const QStyleOption &option, const ThemeDefinition &theme) {
     const bool isHovered = option.state & QStyle::State_MouseOver && option.state & QStyle::State_Enabled;
@@ -18,6 +21,13 @@ void paintSelectionMark(QPainter *painter, const QRectF &row, const ThemeDefinit
     constexpr qreal width = 3;
     const qreal height = std::min(row.height() * 0.55, 40.0);
     fillRounded(painter, {row.left(), row.center().y() - height / 2, width, height}, width / 2, theme.primary);
+}
+
+void paintDisclosure(QPainter *painter, const QStyleOption &option, const ThemeDefinition &theme) {
+    const bool isOpen = option.state & QStyle::State_Open;
+    QRectF arrow(0, 0, 10, 10);
+    arrow.moveCenter(QRectF(option.rect).center());
+    paintSymbol(painter, isOpen ? u"chevron.down"_s : u"chevron.right"_s, arrow, theme.textSecondary);
 }
 
 void paintHeaderSection(QPainter *painter, const QStyleOption &option, const ThemeDefinition &theme) {

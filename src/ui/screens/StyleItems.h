@@ -12,5 +12,7 @@ class QStyleOptionHeader;
 void paintItemBackground(QPainter *painter, const QStyleOption &option, const ThemeDefinition &theme);
 /// A short bar in the accent at the left edge: some themes' selected rows differ little from the others.
 void paintSelectionMark(QPainter *painter, const QRectF &row, const ThemeDefinition &theme);
+/// The arrow that opens a row with rows below it.
+void paintDisclosure(QPainter *painter, const QStyleOption &option, const ThemeDefinition &theme);
 void paintHeaderSection(QPainter *painter, const QStyleOption &option, const ThemeDefinition &theme);
 void paintSplitter(QPainter *painter, const QStyleOption &option, const ThemeDefinition &theme);

@@ -82,10 +82,8 @@ ThemePickerView::ThemePickerView(ThemeManager *themeManager, QWidget *parent)
     auto *grid = new FlowLayout(spacing, this);
     for (const ThemeDefinition &theme : pickerThemes()) {
         auto *cell = new ThemePickerCell(theme);
-        connect(cell, &QAbstractButton::clicked, this, [this, cell] {
-            m_themeManager->setCurrentThemeId(cell->themeId());
-            render();
-        });
+        connect(cell, &QAbstractButton::clicked, this,
+                [this, cell] { m_themeManager->setCurrentThemeId(cell->themeId()); });
         grid->addWidget(cell);
         m_cells.append(cell);
     }

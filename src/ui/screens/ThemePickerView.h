@@ -16,6 +16,7 @@ public:
     QSize sizeHint() const override;
 
 protected:
+    void nextCheckState() override {}
     void paintEvent(QPaintEvent *event) override;
 
 private:

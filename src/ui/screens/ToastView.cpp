@@ -130,7 +130,7 @@ void ToastView::paintShadow(QPainter &painter) const {
     // Many faint rims add up to one soft edge.
     constexpr double strength = 0.1;
     for (int step = 0; step < shadowRadius; ++step) {
-        const QColor rim(0, 0, 0, qRound(255 * strength / shadowRadius * 2));
+        const QColor rim(0, 0, 0, qRound(255 * strength / shadowRadius));
         const qreal spread = shadowRadius - step - shadowRadius / 2.0;
         fillRounded(&painter, card().translated(0, shadowOffset).adjusted(-spread, -spread, spread, spread),
                     cornerRadius + spread, rim);
