@@ -191,6 +191,8 @@ QCoro::Task<QByteArray> APIClient::download(QString path, Query query, DownloadP
     const auto reporter = std::make_shared<ProgressReporter>(&here, progress);
     auto form = rawForm(std::move(path), std::move(query));
     const auto bytes = co_await exchange<QByteArray>(std::move(form), downloaded, [&, reporter](const auto &soFar) {
+        if (soFar.status / 100 != 2)
+            return;
         expected = soFar.expectedLength;
         reporter->update(soFar);
     });

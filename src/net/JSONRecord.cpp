@@ -1,7 +1,8 @@
 #include "net/JSONRecord.h"
 
+#include "platform/JSONNumber.h"
+
 #include <QJsonDocument>
-#include <cmath>
 
 using namespace Qt::StringLiterals;
 
@@ -49,8 +50,8 @@ double JSONCodec<double>::decode(const QJsonValue &json, const JSONPath &path) {
 qint64 JSONCodec<qint64>::decode(const QJsonValue &json, const JSONPath &path) {
     if (!json.isDouble())
         path.fail("a number");
-    const auto number = json.toDouble();
-    if (number != std::trunc(number) || std::abs(number) > 9.2e18)
+    const auto number = exactInteger(json);
+    if (!number)
         path.fail("a whole number");
-    return json.toInteger();
+    return *number;
 }

@@ -54,8 +54,9 @@ void SSEClient::receiveResponse() {
     if (response.status != 200 || response.mediaType != "text/event-stream"_L1)
         return;
     m_reconnectAttempt = 0;
+    // In the context of the task: one that has been dropped by then connects nothing.
     QMetaObject::invokeMethod(
-        this, [this] { isConnected = true; }, Qt::QueuedConnection);
+        m_task.get(), [this] { isConnected = true; }, Qt::QueuedConnection);
 }
 
 void SSEClient::receiveData(const QByteArray &bytes) {

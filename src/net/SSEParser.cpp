@@ -62,7 +62,6 @@ std::vector<SSEEvent> SSEParser::append(const QByteArray &bytes) {
 }
 
 void SSEParser::appendText(const QByteArray &text) {
-    m_buffer.reserve(m_buffer.size() + text.size());
     for (const char byte : text) {
         if (byte == '\n' && m_endedInCarriageReturn) {
             m_endedInCarriageReturn = false;

@@ -6,22 +6,33 @@
 #include <QNetworkAccessManager>
 #include <QNetworkReply>
 #include <QSslError>
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-/// A request body that cannot be rewound. The network module sends a request again when a kept connection turns out to
-/// be closed; it does not when the body cannot be read twice, and a command must never reach a server twice.
-class OneTimeBody final : public QIODevice {
+/// The body of every request, often empty. The network module sends a request again, unasked, when its connection
+/// closes: also a command that the server may have carried out, and even in the middle of an answer, whose first half
+/// then passes as the whole. It does not when the body cannot be rewound. This one can only be when the server asks for
+/// it by a redirection.
+class RequestBody final : public QIODevice {
 public:
-    explicit OneTimeBody(QByteArray content)
+    explicit RequestBody(QByteArray content)
         : m_content(std::move(content)) {
         open(QIODevice::ReadOnly);
     }
 
+    void setRedirected(bool redirected) { m_redirected = redirected; }
+
     bool isSequential() const override { return true; }
     qint64 bytesAvailable() const override { return m_content.size() - m_position + QIODevice::bytesAvailable(); }
+
+    bool seek(qint64 position) override {
+        if (m_redirected)
+            m_position = position;
+        return std::exchange(m_redirected, false);
+    }
 
 protected:
     qint64 readData(char *data, qint64 maximum) override {
@@ -37,6 +48,7 @@ protected:
 
 private:
     QByteArray m_content;
+    bool m_redirected = false;
     qint64 m_position = 0;
 };
 
@@ -49,15 +61,23 @@ QNetworkRequest networkRequest(const URLRequest &request) {
     return result;
 }
 
+/// Whether the answer is only the way to another one.
+bool isRedirection(const QNetworkReply &reply) {
+    constexpr int redirections[] = {301, 302, 303, 305, 307, 308};
+    const auto status = reply.attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
+    return std::ranges::count(redirections, status) && reply.hasRawHeader("Location") && !reply.isFinished();
+}
+
 QNetworkReply *send(QNetworkAccessManager &network, const URLRequest &request) {
+    const auto content = request.body.value_or(QByteArray());
     auto networked = networkRequest(request);
-    if (!request.body && request.method == "GET")
-        return network.get(networked);
-    auto body = std::make_unique<OneTimeBody>(request.body.value_or(QByteArray()));
-    networked.setHeader(QNetworkRequest::ContentLengthHeader, request.body.value_or(QByteArray()).size());
+    networked.setHeader(QNetworkRequest::ContentLengthHeader, content.size());
     networked.setAttribute(QNetworkRequest::DoNotBufferUploadDataAttribute, true);
-    auto *reply = network.sendCustomRequest(networked, request.method, body.get());
-    body.release()->setParent(reply);
+    auto *body = new RequestBody(content);
+    auto *reply = network.sendCustomRequest(networked, request.method, body);
+    body->setParent(reply);
+    QObject::connect(reply, &QNetworkReply::metaDataChanged, body,
+                     [reply, body] { body->setRedirected(isRedirection(*reply)); });
     return reply;
 }
 
@@ -99,8 +119,7 @@ void URLSessionDataTask::cancel() {
 void URLSessionDataTask::readHeaders() {
     restartTimeout();
     const auto status = m_reply->attribute(QNetworkRequest::HttpStatusCodeAttribute);
-    const bool redirects = m_reply->attribute(QNetworkRequest::RedirectionTargetAttribute).isValid();
-    if (m_finished || m_responded || !status.isValid() || (redirects && status.toInt() / 100 == 3))
+    if (m_finished || m_responded || !status.isValid() || isRedirection(*m_reply))
         return;
     m_responded = true;
     m_response.status = status.toInt();
@@ -144,6 +163,10 @@ void URLSessionDataTask::finish(std::optional<URLError> error) {
     Q_EMIT completed(error);
 }
 
+bool URLSessionDataTask::endsWithConnection() const {
+    return m_responded && m_response.expectedLength < 0 && !m_reply->hasRawHeader("Transfer-Encoding");
+}
+
 std::optional<URLError> URLSessionDataTask::replyError() const {
     using Code = URLError::Code;
     if (m_untrusted)
@@ -158,8 +181,11 @@ std::optional<URLError> URLSessionDataTask::replyError() const {
                         u"A server with the name \"%1\" could not be found."_s.arg(m_reply->url().host()));
     case QNetworkReply::ConnectionRefusedError:
         return URLError(Code::cannotConnect, u"Could not connect to the server."_s);
-    case QNetworkReply::RemoteHostClosedError:
     case QNetworkReply::ContentReSendError:
+        if (endsWithConnection())
+            return std::nullopt;
+        [[fallthrough]];
+    case QNetworkReply::RemoteHostClosedError:
         return URLError(Code::connectionLost, u"The network connection was lost."_s);
     case QNetworkReply::TimeoutError:
         return timedOut();
@@ -181,10 +207,13 @@ URLSession::URLSession(ChallengeHandler challenge)
     m_network->setAutoDeleteReplies(false);
 }
 
-URLSession::~URLSession() = default;
+URLSession::~URLSession() {
+    Q_EMIT invalidated();
+}
 
 std::unique_ptr<URLSessionDataTask> URLSession::dataTask(const URLRequest &request) {
     auto *reply = send(*m_network, request);
+    connect(this, &URLSession::invalidated, reply, &QNetworkReply::abort);
     return std::unique_ptr<URLSessionDataTask>(new URLSessionDataTask(reply, request.timeout, m_challenge));
 }
 

@@ -98,6 +98,8 @@ private:
     void judgeCertificate(const QList<QSslError> &errors);
     void restartTimeout();
     void finish(std::optional<URLError> error);
+    /// Whether the answer has neither a length nor chunks, so that the end of the connection is its own.
+    bool endsWithConnection() const;
     std::optional<URLError> replyError() const;
 
     QNetworkReply *m_reply;
@@ -110,7 +112,8 @@ private:
     bool m_untrusted = false;
 };
 
-/// HTTP requests over kept connections and the shared cookie store. Belongs to the thread that made it.
+/// HTTP requests over kept connections and the shared cookie store. Belongs to the thread that made it; its end cancels
+/// the requests that are under way.
 class URLSession : public QObject {
     Q_OBJECT
 public:
@@ -126,6 +129,9 @@ public:
 
     /// A body longer than this, in bytes, fails: an endless answer must not eat the memory.
     qint64 maximumBodySize = qint64(512) << 20;
+
+Q_SIGNALS:
+    void invalidated();
 
 private:
     std::unique_ptr<QNetworkAccessManager> m_network;

@@ -1,12 +1,12 @@
 #include "platform/UserDefaults.h"
 
 #include "platform/AtomicFileWriter.h"
+#include "platform/JSONNumber.h"
 #include "platform/StandardPaths.h"
 
 #include <QDir>
 #include <QFile>
 #include <QJsonDocument>
-#include <cmath>
 #include <map>
 
 using namespace Qt::StringLiterals;
@@ -94,9 +94,7 @@ std::optional<double> UserDefaults::number(const QString &key) const {
 
 std::optional<qint64> UserDefaults::integer(const QString &key) const {
     const auto found = value(key);
-    if (!found || !found->isDouble() || found->toDouble() != std::trunc(found->toDouble()))
-        return std::nullopt;
-    return found->toInteger();
+    return found ? exactInteger(*found) : std::nullopt;
 }
 
 std::optional<QByteArray> UserDefaults::bytes(const QString &key) const {

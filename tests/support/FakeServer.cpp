@@ -9,6 +9,7 @@
 #include <QSslConfiguration>
 #include <QSslSocket>
 #include <gtest/gtest.h>
+#include <sys/socket.h>
 
 using namespace Qt::StringLiterals;
 
@@ -173,7 +174,8 @@ void FakeServer::assertSilence() {
 
 void FakeServer::closeConnections() {
     for (auto *socket : m_buffers.keys())
-        socket->disconnectFromHost();
+        shutdown(int(socket->socketDescriptor()), SHUT_WR);
+    EXPECT_TRUE(spinUntil([this] { return m_buffers.isEmpty(); })) << "a client keeps its connection";
 }
 
 void FakeServer::vanish() {

@@ -97,7 +97,7 @@ public:
 
     /// How many connections were ever made.
     int connectionCount() const { return m_connections; }
-    /// Closes all connections, as a server does with idle ones.
+    /// Closes all connections, as a server does with idle ones, and waits until the clients have seen it.
     void closeConnections();
     /// Refuses new connections until `returnAgain`.
     void vanish();
