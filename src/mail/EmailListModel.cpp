@@ -52,13 +52,19 @@ EmailRow emailRow(const EmailSummary &email, bool isSentFolder) {
 }
 
 void EmailListModel::setEmails(const std::vector<EmailSummary> &emails, bool isSentFolder) {
+    if (emails == m_emails && isSentFolder == m_isSentFolder)
+        return;
     m_emails = emails;
     m_isSentFolder = isSentFolder;
+    prepareRows();
+}
+
+void EmailListModel::prepareRows() {
     std::vector<EmailRow> rows;
     std::set<qint64> seen;
-    for (const auto &email : emails)
+    for (const auto &email : m_emails)
         if (seen.insert(email.uid).second)
-            rows.push_back(emailRow(email, isSentFolder));
+            rows.push_back(emailRow(email, m_isSentFolder));
     update(rows);
     renewAtMidnight();
 }
@@ -66,7 +72,7 @@ void EmailListModel::setEmails(const std::vector<EmailSummary> &emails, bool isS
 void EmailListModel::renewAtMidnight() {
     const auto now = Clock::shared().now().toLocalTime();
     const auto untilMidnight = std::chrono::milliseconds(now.msecsTo(now.date().addDays(1).startOfDay()));
-    m_midnight = Clock::shared().after(untilMidnight, [this] { setEmails(std::vector(m_emails), m_isSentFolder); });
+    m_midnight = Clock::shared().after(untilMidnight, [this] { prepareRows(); });
 }
 
 void EmailListModel::update(const std::vector<EmailRow> &rows) {

@@ -53,6 +53,7 @@ public:
     QVariant data(const QModelIndex &index, int role) const override;
 
 private:
+    void prepareRows();
     void update(const std::vector<EmailRow> &rows);
     void removeMissing(const std::vector<EmailRow> &rows);
     void placeRow(int place, const std::vector<EmailRow> &rows);
