@@ -5,8 +5,6 @@
 #include <QApplication>
 
 int main(int argc, char **argv) {
-    // The web engine, which is loaded later, shares its pictures with the windows.
-    QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("corvanite"));
     QApplication::setApplicationDisplayName(QStringLiteral("Corvanite"));

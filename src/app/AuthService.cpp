@@ -5,8 +5,9 @@
 using namespace Qt::StringLiterals;
 
 QCoro::Task<User> AuthService::login(QString username, QString password) const {
-    const auto answer =
-        co_await APIClient::shared().post<LoginResponse>(u"api/auth/login"_s, LoginRequest{username, password});
+    // Not inside the await: GCC 12 destroys an aggregate there twice.
+    const LoginRequest request{username, password};
+    const auto answer = co_await APIClient::shared().post<LoginResponse>(u"api/auth/login"_s, request);
     co_return answer.user;
 }
 

@@ -73,6 +73,23 @@ std::optional<QString> AuthViewModel::registrationFault() const {
     return std::nullopt;
 }
 
+RegisterRequest AuthViewModel::registerRequest() const {
+    return {.username = username,
+            .password = password,
+            .email = email,
+            .full_name = fullName,
+            .imap_host = unlessEmpty(imapHost),
+            .imap_port = port(imapPort),
+            .imap_username = unlessEmpty(imapUsername),
+            .imap_password = unlessEmpty(imapPassword),
+            .imap_encryption = imapEncryption,
+            .smtp_host = unlessEmpty(smtpHost),
+            .smtp_port = port(smtpPort),
+            .smtp_username = unlessEmpty(smtpUsername),
+            .smtp_password = unlessEmpty(smtpPassword),
+            .smtp_encryption = smtpEncryption};
+}
+
 QCoro::Task<bool> AuthViewModel::register_() {
     const auto self = shared_from_this();
     if (const auto fault = registrationFault()) {
@@ -83,20 +100,7 @@ QCoro::Task<bool> AuthViewModel::register_() {
     errorMessage = std::nullopt;
     bool made = false;
     try {
-        co_await AuthService().register_({.username = username,
-                                          .password = password,
-                                          .email = email,
-                                          .full_name = fullName,
-                                          .imap_host = unlessEmpty(imapHost),
-                                          .imap_port = port(imapPort),
-                                          .imap_username = unlessEmpty(imapUsername),
-                                          .imap_password = unlessEmpty(imapPassword),
-                                          .imap_encryption = imapEncryption,
-                                          .smtp_host = unlessEmpty(smtpHost),
-                                          .smtp_port = port(smtpPort),
-                                          .smtp_username = unlessEmpty(smtpUsername),
-                                          .smtp_password = unlessEmpty(smtpPassword),
-                                          .smtp_encryption = smtpEncryption});
+        co_await AuthService().register_(registerRequest());
         made = true;
     } catch (...) {
         errorMessage = errorText(std::current_exception());

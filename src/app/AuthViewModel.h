@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/User.h"
+#include "app/AuthRecords.h"
 #include "platform/ObservableObject.h"
 
 #include <QCoroTask>
@@ -33,4 +33,5 @@ public:
 
 private:
     std::optional<QString> registrationFault() const;
+    RegisterRequest registerRequest() const;
 };

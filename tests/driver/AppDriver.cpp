@@ -1,12 +1,17 @@
 #include "driver/AppDriver.h"
 
+#include "app/screens/ContentView.h"
+#include "mail/screens/EmailDetailView.h"
+#include "mail/screens/EmailListView.h"
+
 #include <QApplication>
 #include <QDir>
-#include <QElapsedTimer>
 #include <QFile>
 #include <QJsonDocument>
 #include <QLineEdit>
+#include <QListView>
 #include <QScreen>
+#include <QSignalSpy>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -39,7 +44,9 @@ bool AppDriver::waitUntil(const std::function<bool()> &condition, int seconds) {
     return QTest::qWaitFor(condition, seconds * 1000);
 }
 
-void AppDriver::settle() { QTest::qWait(quietTime); }
+void AppDriver::settle() {
+    QTest::qWait(quietTime);
+}
 
 void AppDriver::signIn(const QString &username, const QString &password) {
     waitUntil([this] { return find<QLineEdit>(u"Username or Email"_s) != nullptr; });
@@ -48,7 +55,51 @@ void AppDriver::signIn(const QString &username, const QString &password) {
     press(Qt::Key_Tab);
     type(password);
     press(Qt::Key_Return);
-    waitUntil([this] { return state().isAuthenticated.get(); });
+    waitUntil([this] { return qobject_cast<ContentView *>(&window())->mainScreen() != nullptr; });
+}
+
+MainScreen &AppDriver::mainScreen() {
+    return *qobject_cast<ContentView *>(&window())->mainScreen();
+}
+
+bool AppDriver::waitForList() {
+    const auto hasSettled = [this] {
+        const auto &list = mainScreen().listState();
+        return list.content() != EmailListState::Content::skeleton && !list.viewModel->isLoading &&
+               !list.viewModel->isRefreshing;
+    };
+    return waitUntil(hasSettled);
+}
+
+bool AppDriver::selectFolder(const QString &path) {
+    state().navigateToFolder = path;
+    return waitUntil([&] { return mainScreen().listState().folder->path == path; }) && waitForList();
+}
+
+bool AppDriver::openRow(int row) {
+    auto *list = mainScreen().listView()->list();
+    return waitForBody([=] {
+        list->setFocus();
+        list->setCurrentIndex(list->model()->index(row, 0));
+    });
+}
+
+bool AppDriver::openMessage(const QString &subject) {
+    const auto &rows = mainScreen().listState().rows;
+    for (int number = 0; number < rows.rowCount(); ++number)
+        if (rows.row(number).subject == subject)
+            return openRow(number);
+    return false;
+}
+
+bool AppDriver::waitForBody(const std::function<void()> &trigger) {
+    const QSignalSpy painted(mainScreen().detailView(), &EmailDetailView::bodyPainted);
+    trigger();
+    return waitUntil([&] {
+        const auto &detail = mainScreen().detailState();
+        return detail.content() == EmailDetailState::Content::message &&
+               (detail.body() != EmailDetailState::Body::html || !painted.isEmpty());
+    });
 }
 
 void AppDriver::type(const QString &text) {
@@ -63,7 +114,9 @@ void AppDriver::press(Qt::Key key, Qt::KeyboardModifiers modifiers) {
         QTest::keyClick(&window(), key, modifiers);
 }
 
-void AppDriver::click(QWidget *widget) { QTest::mouseClick(widget, Qt::LeftButton); }
+void AppDriver::click(QWidget *widget) {
+    QTest::mouseClick(widget, Qt::LeftButton);
+}
 
 QImage AppDriver::screenshot() {
     settle();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/screens/CorvaniteApp.h"
+#include "app/screens/MainScreen.h"
 
 #include <QImage>
 #include <QTemporaryDir>
@@ -30,8 +31,16 @@ public:
     }
 
     void signIn(const QString &username, const QString &password);
-    /// Waits until the list shows rows, a placeholder or an error.
+    MainScreen &mainScreen();
+    /// Waits until the list shows what the server has: rows, a placeholder or an error.
     bool waitForList();
+    bool selectFolder(const QString &path);
+    /// Selects this row of the list and waits until the message's body is on the screen.
+    bool openRow(int row);
+    /// The same for the first row with this subject.
+    bool openMessage(const QString &subject);
+    /// Waits until the body on the screen is that of the message and the images setting in force.
+    bool waitForBody(const std::function<void()> &trigger);
     void type(const QString &text);
     void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {});
     void click(QWidget *widget);

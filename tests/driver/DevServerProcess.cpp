@@ -5,7 +5,8 @@
 
 using namespace Qt::StringLiterals;
 
-DevServerProcess::DevServerProcess(const QStringList &arguments) : m_arguments(arguments) {
+DevServerProcess::DevServerProcess(const QStringList &arguments)
+    : m_arguments(arguments) {
     m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
     start(u"0"_s);
 }
@@ -21,7 +22,9 @@ void DevServerProcess::kill() {
     m_process.waitForFinished();
 }
 
-void DevServerProcess::restart() { start(QString::number(QUrl(m_address).port())); }
+void DevServerProcess::restart() {
+    start(QString::number(QUrl(m_address).port()));
+}
 
 void DevServerProcess::start(const QString &port) {
     m_process.start(QString::fromUtf8(CORVANITE_DEVSERVER),

@@ -21,6 +21,13 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+/// A message that comes sooner replaces the former one without a flicker of progress between them.
+constexpr auto progressDelay = std::chrono::milliseconds(150);
+
+} // namespace
+
 EmailDetailView::EmailDetailView(std::shared_ptr<AppState> appState, std::shared_ptr<EmailDetailState> state,
                                  QWidget *parent)
     : QWidget(parent)
@@ -40,6 +47,8 @@ EmailDetailView::EmailDetailView(std::shared_ptr<AppState> appState, std::shared
     m_scroll->setFocusPolicy(Qt::NoFocus);
     m_scroll->viewport()->setAutoFillBackground(false);
     m_scroll->setWidget(makeColumn());
+    // The background behind the whole view shows through.
+    m_scroll->widget()->setAutoFillBackground(false);
     m_stack->addWidget(m_loading);
     m_stack->addWidget(m_placeholder);
     m_stack->addWidget(m_scroll);
@@ -98,9 +107,11 @@ void EmailDetailView::applyTheme() {
 
 void EmailDetailView::render() {
     m_toasts->setToast(m_state->copiedToast);
+    if (m_state->content() != EmailDetailState::Content::loading)
+        m_progress.reset();
     switch (m_state->content()) {
     case EmailDetailState::Content::loading:
-        m_stack->setCurrentWidget(m_loading);
+        showProgressSoon();
         return;
     case EmailDetailState::Content::message:
         renderMessage();
@@ -109,6 +120,11 @@ void EmailDetailView::render() {
     default:
         showPlaceholder();
     }
+}
+
+void EmailDetailView::showProgressSoon() {
+    if (!m_progress)
+        m_progress = Clock::shared().after(progressDelay, [this] { m_stack->setCurrentWidget(m_loading); });
 }
 
 void EmailDetailView::showPlaceholder() {

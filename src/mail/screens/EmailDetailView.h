@@ -29,6 +29,7 @@ private:
     void render();
     void renderMessage();
     void renderBody();
+    void showProgressSoon();
     void showPlaceholder();
     void applyTheme();
     EmailHTMLView *htmlView();
@@ -45,5 +46,6 @@ private:
     /// Made when the first HTML message is shown: the web engine is heavy.
     QPointer<EmailHTMLView> m_htmlView;
     ToastPresenter *m_toasts;
+    ScheduledWorkPtr m_progress;
     qint64 m_shownUID = -1;
 };

@@ -12,6 +12,9 @@
 namespace {
 
 constexpr int avatarSize = 40;
+/// A link's words begin this far inside it, and it is this tall.
+constexpr int linkPadding = 4;
+constexpr int linkHeight = 24;
 
 } // namespace
 
@@ -26,9 +29,11 @@ EmailHeaderView::EmailHeaderView(std::shared_ptr<EmailDetailState> state, QWidge
 
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(20, 18, 20, 14);
-    layout->setSpacing(12);
+    layout->setSpacing(0);
     layout->addWidget(m_subject);
+    layout->addSpacing(12);
     layout->addWidget(makeSender());
+    layout->addSpacing(8);
     m_to = makeRecipients(tr("To:"));
     m_cc = makeRecipients(tr("Cc:"));
     layout->addWidget(m_to.row);
@@ -48,7 +53,10 @@ QWidget *EmailHeaderView::makeSender() {
     auto *texts = new QVBoxLayout;
     texts->setSpacing(0);
     texts->addWidget(m_sender, 0, Qt::AlignLeft);
-    texts->addWidget(m_address, 0, Qt::AlignLeft);
+    auto *address = new QHBoxLayout;
+    address->setContentsMargins(-linkPadding, 0, 0, 0);
+    address->addWidget(m_address, 0, Qt::AlignLeft);
+    texts->addLayout(address);
     auto *layout = new QHBoxLayout(row);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(12);
@@ -61,9 +69,10 @@ QWidget *EmailHeaderView::makeSender() {
 EmailHeaderView::Recipients EmailHeaderView::makeRecipients(const QString &word) {
     const Recipients recipients{new QWidget, new FlowingAddresses};
     auto *label = new ThemeLabel(word, TextStyle::subheadline, TextRole::secondary);
+    label->setMinimumHeight(linkHeight);
     auto *layout = new QHBoxLayout(recipients.row);
     layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(8);
+    layout->setSpacing(linkPadding);
     layout->addWidget(label, 0, Qt::AlignTop);
     layout->addWidget(recipients.addresses, 1);
     connect(recipients.addresses, &FlowingAddresses::copyRequested, m_state.get(), &EmailDetailState::copyAddress);
@@ -90,7 +99,7 @@ void EmailHeaderView::render() {
     m_subject->setText(m_state->subjectText());
     m_avatar->setPerson(m_state->senderName());
     m_sender->setText(m_state->senderName());
-    m_address->setText(m_state->senderAddress());
+    m_address->setText(literalButtonText(m_state->senderAddress()));
     m_address->setVisible(!m_state->senderAddress().isEmpty());
     m_date->setText(m_state->dateText());
     m_date->setToolTip(m_state->fullDateText());

@@ -139,6 +139,8 @@ void EmailListView::renderContent() {
     switch (m_state->content()) {
     case EmailListState::Content::rows:
         m_stack->setCurrentWidget(m_list);
+        if (std::exchange(m_awaitsFocus, false))
+            m_list->setFocus();
         return;
     case EmailListState::Content::skeleton:
         m_stack->setCurrentWidget(m_skeleton);

@@ -42,4 +42,6 @@ private:
     QWidget *m_skeleton;
     ThemeLabel *m_selected, *m_page;
     IconButton *m_previous, *m_next;
+    /// The first rows take the keyboard focus.
+    bool m_awaitsFocus = true;
 };

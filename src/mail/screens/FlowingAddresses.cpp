@@ -24,7 +24,8 @@ void FlowingAddresses::setAddresses(const std::vector<EmailAddress> &addresses) 
         const auto &address = addresses[number];
         const auto copied = address.email.value_or(address.address.value_or(QString()));
         const bool isLast = number + 1 == addresses.size();
-        auto *button = new LinkButton(address.displayName() + (isLast ? QString() : QStringLiteral(",")));
+        auto *button =
+            new LinkButton(literalButtonText(address.displayName() + (isLast ? QString() : QStringLiteral(","))));
         button->setToolTip(tr("Click to copy %1").arg(copied));
         button->setAccessibleName(button->toolTip());
         connect(button, &LinkButton::clicked, this, [this, copied] { Q_EMIT copyRequested(copied); });

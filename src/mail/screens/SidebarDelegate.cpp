@@ -2,6 +2,7 @@
 
 #include "mail/SidebarModel.h"
 #include "ui/screens/AppStyle.h"
+#include "ui/screens/Fonts.h"
 #include "ui/screens/Symbols.h"
 
 #include <QPainter>
@@ -19,22 +20,17 @@ const SidebarModel::Row &rowAt(const QModelIndex &index) {
 }
 
 void paintHeading(QPainter *painter, const QStyleOptionViewItem &option, const QString &title) {
-    auto font = option.font;
-    font.setPointSizeF(font.pointSizeF() * 0.85);
-    font.setWeight(QFont::DemiBold);
-    painter->setFont(font);
+    painter->setFont(themeFont(TextStyle::footnote, QFont::DemiBold));
     painter->setPen(AppStyle::theme().textSecondary);
     painter->drawText(option.rect.adjusted(2 * inset, inset, -inset, -2), Qt::AlignVCenter | Qt::AlignLeft, title);
 }
 
 /// Returns how much room the badge takes.
-int paintBadge(QPainter *painter, const QRect &frame, const QFont &rowFont, qint64 count, bool isSelected) {
+int paintBadge(QPainter *painter, const QRect &frame, qint64 count, bool isSelected) {
     if (count <= 0)
         return 0;
     const auto &theme = AppStyle::theme();
-    auto font = rowFont;
-    font.setPointSizeF(font.pointSizeF() * 0.85);
-    font.setWeight(QFont::DemiBold);
+    const auto font = themeFont(TextStyle::caption, QFont::DemiBold);
     const auto text = QString::number(count);
     const auto width = std::max(badgeHeight, QFontMetrics(font).horizontalAdvance(text) + 12);
     const QRect badge(frame.right() - inset - width + 1, frame.center().y() - badgeHeight / 2 + 1, width, badgeHeight);
@@ -73,9 +69,8 @@ void SidebarDelegate::paint(QPainter *painter, const QStyleOptionViewItem &optio
     }
     const QRectF symbol(frame.left() + 10, frame.center().y() - symbolSize / 2.0 + 0.5, symbolSize, symbolSize);
     paintSymbol(painter, row.icon, symbol, isSelected ? theme.primary : theme.textSecondary);
-    const auto badge = paintBadge(painter, frame, option.font, row.unread, isSelected);
-    auto font = option.font;
-    font.setWeight(isSelected || row.unread > 0 ? QFont::DemiBold : QFont::Normal);
+    const auto badge = paintBadge(painter, frame, row.unread, isSelected);
+    const auto font = themeFont(TextStyle::body, isSelected || row.unread > 0 ? QFont::DemiBold : QFont::Normal);
     painter->setFont(font);
     painter->setPen(theme.text);
     const QRect text(int(symbol.right()) + 10, frame.top(), frame.right() - badge - inset - int(symbol.right()) - 10,
