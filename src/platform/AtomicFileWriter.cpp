@@ -16,7 +16,9 @@ void writeWhole(const QString &path, const QByteArray &content) {
     if (!file.open(QIODevice::WriteOnly))
         return;
     file.setPermissions(QFile::ReadOwner | QFile::WriteOwner);
-    file.write(content);
+    // A full disk takes a part without calling it an error.
+    if (file.write(content) != content.size())
+        file.cancelWriting();
     file.commit();
 }
 

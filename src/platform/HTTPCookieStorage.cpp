@@ -34,7 +34,22 @@ private:
     HTTPCookieStorage &m_storage;
 };
 
-/// One cookie a line, in the form of the header "Set-Cookie".
+/// One cookie a line: its domain, a tab, and the rest in the form of the header "Set-Cookie", where some domains, such
+/// as IPv6 addresses, could not be read back.
+QByteArray cookieLine(const QNetworkCookie &cookie) {
+    auto rest = cookie;
+    rest.setDomain({});
+    return cookie.domain().toUtf8() + '\t' + rest.toRawForm(QNetworkCookie::Full) + '\n';
+}
+
+QList<QNetworkCookie> cookiesOfLine(const QByteArray &line) {
+    const auto tab = line.indexOf('\t');
+    auto cookies = tab > 0 ? QNetworkCookie::parseCookies(line.sliced(tab + 1)) : QList<QNetworkCookie>();
+    for (auto &cookie : cookies)
+        cookie.setDomain(QString::fromUtf8(line.first(tab)));
+    return cookies;
+}
+
 QList<QNetworkCookie> readCookies(const QString &path) {
     QFile file(path);
     QList<QNetworkCookie> cookies;
@@ -42,7 +57,7 @@ QList<QNetworkCookie> readCookies(const QString &path) {
         return cookies;
     const auto now = QDateTime::currentDateTimeUtc();
     while (!file.atEnd())
-        for (const auto &cookie : QNetworkCookie::parseCookies(file.readLine().trimmed()))
+        for (const auto &cookie : cookiesOfLine(file.readLine().trimmed()))
             if (cookie.isSessionCookie() || cookie.expirationDate() > now)
                 cookies.append(cookie);
     return cookies;
@@ -92,6 +107,6 @@ std::unique_ptr<QNetworkCookieJar> HTTPCookieStorage::makeJar() {
 void HTTPCookieStorage::save() const {
     QByteArray content;
     for (const auto &cookie : m_jar->allCookies())
-        content += cookie.toRawForm(QNetworkCookie::Full) + '\n';
+        content += cookieLine(cookie);
     AtomicFileWriter::shared().write(m_path, content);
 }

@@ -42,8 +42,13 @@ void clear(UserDefaults &store, const QString &path) {
 }
 
 void clearCookies() {
-    for (const auto &line : contentOf(dataFolder() + u"/cookies.txt"_s).split('\n'))
-        HTTPCookieStorage::shared().remove(QNetworkCookie::parseCookies(line));
+    for (const auto &line : contentOf(dataFolder() + u"/cookies.txt"_s).split('\n')) {
+        const auto tab = line.indexOf('\t');
+        auto cookies = QNetworkCookie::parseCookies(line.mid(tab + 1));
+        for (auto &cookie : cookies)
+            cookie.setDomain(QString::fromUtf8(line.left(tab)));
+        HTTPCookieStorage::shared().remove(cookies);
+    }
 }
 
 void clearStores() {
