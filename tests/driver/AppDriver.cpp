@@ -66,7 +66,7 @@ bool AppDriver::waitForList() {
     const auto hasSettled = [this] {
         const auto &list = mainScreen().listState();
         return list.content() != EmailListState::Content::skeleton && !list.viewModel->isLoading &&
-               !list.viewModel->isRefreshing;
+               !list.viewModel->isRefreshing && list.rows.rowCount() == int(list.viewModel->emails->size());
     };
     return waitUntil(hasSettled);
 }
@@ -97,7 +97,9 @@ bool AppDriver::waitForBody(const std::function<void()> &trigger) {
     trigger();
     return waitUntil([&] {
         const auto &detail = mainScreen().detailState();
-        return detail.content() == EmailDetailState::Content::message &&
+        const auto &email = detail.viewModel->email.get();
+        return email && email->uid == state().selectedEmailUID.get() &&
+               detail.content() == EmailDetailState::Content::message &&
                (detail.body() != EmailDetailState::Body::html || !painted.isEmpty());
     });
 }
