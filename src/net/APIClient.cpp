@@ -188,14 +188,16 @@ QCoro::Task<QByteArray> APIClient::getData(QString path, Query query) {
 QCoro::Task<QByteArray> APIClient::download(QString path, Query query, DownloadProgress progress) {
     QObject here;
     qint64 expected = -1;
-    const auto reporter = std::make_shared<ProgressReporter>(&here, progress);
+    ProgressReporter reporter(&here, progress);
     auto form = rawForm(std::move(path), std::move(query));
-    const auto bytes = co_await exchange<QByteArray>(std::move(form), downloaded, [&, reporter](const auto &soFar) {
+    // Not inside the await: GCC 12 destroys what a lambda has captured there twice.
+    const Progress report = [&](const HTTPResponse &soFar) {
         if (soFar.status / 100 != 2)
             return;
         expected = soFar.expectedLength;
-        reporter->update(soFar);
-    });
+        reporter.update(soFar);
+    };
+    const auto bytes = co_await exchange<QByteArray>(std::move(form), downloaded, report);
     progress(bytes.size(), expected >= 1 ? expected : bytes.size(), 1.0);
     co_return bytes;
 }
