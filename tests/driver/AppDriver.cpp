@@ -4,6 +4,7 @@
 #include "mail/screens/EmailDetailView.h"
 #include "mail/screens/EmailListView.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QDir>
 #include <QFile>
@@ -36,9 +37,17 @@ AppDriver::AppDriver(const QString &serverAddress) {
     m_app = std::make_unique<CorvaniteApp>();
     m_app->launch();
     waitUntil([this] { return window().isVisible() && !state().isLoading.get(); });
+    settle();
 }
 
 AppDriver::~AppDriver() = default;
+
+QString AppDriver::accessibleName(QWidget *widget) {
+    if (!widget->accessibleName().isEmpty())
+        return widget->accessibleName();
+    const auto *button = qobject_cast<QAbstractButton *>(widget);
+    return button ? button->text() : QString();
+}
 
 bool AppDriver::waitUntil(const std::function<bool()> &condition, int seconds) {
     return QTest::qWaitFor(condition, seconds * 1000);

@@ -22,10 +22,11 @@ public:
     /// Runs the event loop until nothing has happened for a moment, so that pending paints are on the screen.
     static void settle();
 
-    /// The visible widget with this accessible name, below `root` or the main window; null when there is none.
-    template <typename Widget = QWidget> Widget *find(const QString &accessibleName, QWidget *root = nullptr) {
+    /// The visible widget that a screen reader calls by this name, below `root` or the main window; null when there is
+    /// none.
+    template <typename Widget = QWidget> Widget *find(const QString &name, QWidget *root = nullptr) {
         for (auto *widget : (root ? root : &window())->findChildren<Widget *>())
-            if (widget->isVisible() && widget->accessibleName() == accessibleName)
+            if (widget->isVisible() && accessibleName(widget) == name)
                 return widget;
         return nullptr;
     }
@@ -48,6 +49,8 @@ public:
     QImage screenshot();
 
 private:
+    static QString accessibleName(QWidget *widget);
+
     QTemporaryDir m_profile;
     std::unique_ptr<CorvaniteApp> m_app;
 };

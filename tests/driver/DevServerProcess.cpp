@@ -7,7 +7,6 @@ using namespace Qt::StringLiterals;
 
 DevServerProcess::DevServerProcess(const QStringList &arguments)
     : m_arguments(arguments) {
-    m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
     start(u"0"_s);
 }
 
@@ -15,6 +14,14 @@ DevServerProcess::~DevServerProcess() {
     m_process.terminate();
     if (!m_process.waitForFinished(5000))
         kill();
+}
+
+int DevServerProcess::requests(const QString &path) {
+    m_log += QString::fromUtf8(m_process.readAllStandardError());
+    int count = 0;
+    for (const auto &line : m_log.split(u'\n'))
+        count += line.contains(path) && line.contains(u" 200"_s);
+    return count;
 }
 
 void DevServerProcess::kill() {

@@ -15,6 +15,9 @@ public:
     QString address() const { return m_address; }
     QString stateFolder() const { return m_state.path(); }
 
+    /// How many requests for this path it has answered with success; needs the argument "--verbose".
+    int requests(const QString &path);
+
     /// Ends the server at once, without a chance to tidy up.
     void kill();
     /// Starts it again on the same port and folder.
@@ -27,4 +30,5 @@ private:
     QStringList m_arguments;
     QProcess m_process;
     QString m_address;
+    QString m_log;
 };

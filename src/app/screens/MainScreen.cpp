@@ -1,22 +1,21 @@
 #include "app/screens/MainScreen.h"
 
 #include "app/screens/DestinationView.h"
+#include "app/screens/KeyboardShortcutsSheet.h"
 #include "mail/Folders.h"
 #include "mail/screens/EmailDetailView.h"
 #include "mail/screens/EmailHTMLView.h"
 #include "mail/screens/EmailListView.h"
 #include "mail/screens/SidebarView.h"
-#include "ui/PaneLayout.h"
 #include "ui/screens/EmptyStateView.h"
-#include "ui/screens/MacPaneDivider.h"
+#include "ui/screens/MailColumns.h"
 #include "ui/screens/SidebarSplitView.h"
 #include "ui/screens/ToastPresenter.h"
 
 #include <QHBoxLayout>
-#include <QListView>
-#include <QResizeEvent>
 #include <QShortcut>
 #include <QStackedWidget>
+#include <QVBoxLayout>
 
 namespace {
 
@@ -52,41 +51,18 @@ MainScreen::MainScreen(std::shared_ptr<AppState> appState, QWidget *parent)
 }
 
 QWidget *MainScreen::makeMailView() {
-    auto *view = new QWidget;
     m_listColumn = new QStackedWidget;
     m_noFolder =
         new EmptyStateView({QStringLiteral("folder"), tr("Select a folder"), tr("Choose a folder from the sidebar")});
     m_list = new EmailListView(m_listState);
     m_listColumn->addWidget(m_noFolder);
     m_listColumn->addWidget(m_list);
-    m_divider = new MacPaneDivider;
     auto *message = new MailThemeBackground(true);
     auto *messageLayout = new QVBoxLayout(message);
     messageLayout->setContentsMargins(0, 0, 0, 0);
     m_detail = new EmailDetailView(m_appState, m_detailState);
     messageLayout->addWidget(m_detail);
-    message->setMinimumWidth(int(PaneLayout::messageMinimum));
-
-    auto *layout = new QHBoxLayout(view);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(0);
-    layout->addWidget(m_listColumn);
-    layout->addWidget(m_divider);
-    layout->addWidget(message, 1);
-    connect(m_divider, &MacPaneDivider::paneWidthChanged, this, &MainScreen::layOutColumns);
-    view->installEventFilter(this);
-    return view;
-}
-
-bool MainScreen::eventFilter(QObject *watched, QEvent *event) {
-    if (watched == m_mailView && event->type() == QEvent::Resize)
-        layOutColumns();
-    return MailThemeBackground::eventFilter(watched, event);
-}
-
-void MainScreen::layOutColumns() {
-    m_divider->setMaximum(maximumListWidth(m_mailView->width()));
-    m_listColumn->setFixedWidth(int(heldListWidth(m_divider->paneWidth(), m_divider->maximum())));
+    return new MailColumns(m_listColumn, message);
 }
 
 void MainScreen::addShortcuts() {
@@ -104,6 +80,10 @@ void MainScreen::render() {
         m_destination->showSection(*destination);
     m_content->setCurrentWidget(destination ? static_cast<QWidget *>(m_destination) : m_mailView);
     m_toasts->setToast(m_state->toast);
+    if (m_appState->showKeyboardShortcuts) {
+        m_appState->showKeyboardShortcuts = false;
+        (new KeyboardShortcutsSheet(this))->open();
+    }
     renderMail();
 }
 

@@ -9,7 +9,6 @@ class DestinationView;
 class EmailDetailView;
 class EmailListView;
 class EmptyStateView;
-class MacPaneDivider;
 class QStackedWidget;
 class SidebarView;
 class ToastPresenter;
@@ -28,12 +27,8 @@ public:
 Q_SIGNALS:
     void emailWindowRequested(const EmailWindowRef &reference);
 
-protected:
-    bool eventFilter(QObject *watched, QEvent *event) override;
-
 private:
     QWidget *makeMailView();
-    void layOutColumns();
     void render();
     void renderMail();
     void warmUpWhenListIsShown();
@@ -49,7 +44,6 @@ private:
     QWidget *m_mailView;
     EmptyStateView *m_noFolder;
     EmailListView *m_list;
-    MacPaneDivider *m_divider;
     EmailDetailView *m_detail;
     ToastPresenter *m_toasts;
     ScheduledWorkPtr m_warmUp;

@@ -11,6 +11,7 @@
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QListView>
+#include <QScrollBar>
 #include <QStackedWidget>
 #include <QVBoxLayout>
 
@@ -96,6 +97,31 @@ void EmailListView::setUpList() {
     m_list->installEventFilter(this);
     connect(m_list->selectionModel(), &QItemSelectionModel::selectionChanged, this, &EmailListView::takeSelection);
     connect(m_list, &QListView::doubleClicked, this, &EmailListView::openCurrent);
+    keepPlace();
+}
+
+/// Rows that come or go above what the person looks at do not move it, unless the list stands at its top.
+void EmailListView::keepPlace() {
+    const auto isAbove = [this](int row) {
+        const auto place = m_list->verticalScrollBar()->value();
+        return place > 0 && row <= place / m_list->sizeHintForRow(0);
+    };
+    connect(&m_state->rows, &QAbstractItemModel::rowsInserted, this,
+            [=, this](const QModelIndex &, int first, int last) {
+                if (isAbove(first))
+                    scrollByRows(last - first + 1);
+            });
+    connect(&m_state->rows, &QAbstractItemModel::rowsRemoved, this,
+            [=, this](const QModelIndex &, int first, int last) {
+                if (m_state->rows.rowCount() > 0 && isAbove(last))
+                    scrollByRows(first - last - 1);
+            });
+}
+
+void EmailListView::scrollByRows(int rows) {
+    m_list->doItemsLayout();
+    auto *bar = m_list->verticalScrollBar();
+    bar->setValue(bar->value() + rows * m_list->sizeHintForRow(0));
 }
 
 bool EmailListView::eventFilter(QObject *watched, QEvent *event) {

@@ -27,6 +27,8 @@ private:
     QWidget *makeHeader();
     QWidget *makeStatusBar();
     void setUpList();
+    void keepPlace();
+    void scrollByRows(int rows);
     void render();
     void renderContent();
     void renderStatus();
