@@ -6,6 +6,7 @@
 #include "platform/StandardPaths.h"
 #include "platform/UserDefaults.h"
 
+#include <QCoreApplication>
 #include <QJsonDocument>
 #include <QNetworkCookie>
 
@@ -91,11 +92,17 @@ APIClient::APIClient() {
     m_executor.setObjectName(u"APIClient"_s);
     m_executor.start();
     m_executorHome->moveToThread(&m_executor);
+    // With the application object: the session must not outlive what Qt's network module keeps for its own.
+    qAddPostRoutine([] { shared().endSession(); });
+}
+
+void APIClient::endSession() {
+    QMetaObject::invokeMethod(
+        m_executorHome.get(), [this] { m_session.reset(); }, Qt::BlockingQueuedConnection);
 }
 
 APIClient::~APIClient() {
-    QMetaObject::invokeMethod(
-        m_executorHome.get(), [this] { m_session.reset(); }, Qt::BlockingQueuedConnection);
+    endSession();
     m_executor.quit();
     m_executor.wait();
 }

@@ -63,6 +63,7 @@ private:
     using Progress = std::function<void(const HTTPResponse &)>;
 
     APIClient();
+    void endSession();
 
     static Form getForm(QString path, Query query);
     static Form postForm(QString path, std::optional<QJsonValue> body, bool accepts);

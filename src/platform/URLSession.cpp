@@ -14,8 +14,8 @@ namespace {
 
 /// The body of every request, often empty. The network module sends a request again, unasked, when its connection
 /// closes: also a command that the server may have carried out, and even in the middle of an answer, whose first half
-/// then passes as the whole. It does not when the body cannot be rewound. This one can only be when the server asks for
-/// it by a redirection.
+/// then passes as the whole. It does not when the body cannot be rewound. This one can only be when a question is
+/// redirected. (For a moved command, status 307 or 308, the module now and then asks both places.)
 class RequestBody final : public QIODevice {
 public:
     explicit RequestBody(QByteArray content)
@@ -76,8 +76,9 @@ QNetworkReply *send(QNetworkAccessManager &network, const URLRequest &request) {
     auto *body = new RequestBody(content);
     auto *reply = network.sendCustomRequest(networked, request.method, body);
     body->setParent(reply);
-    QObject::connect(reply, &QNetworkReply::metaDataChanged, body,
-                     [reply, body] { body->setRedirected(isRedirection(*reply)); });
+    if (request.method == "GET")
+        QObject::connect(reply, &QNetworkReply::metaDataChanged, body,
+                         [reply, body] { body->setRedirected(isRedirection(*reply)); });
     return reply;
 }
 

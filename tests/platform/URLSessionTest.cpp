@@ -321,12 +321,10 @@ TEST_F(URLSessionTest, givesUpOnEndlessRedirects) {
     EXPECT_NE(failureOf(session.data(request("GET", u"/loop"_s))), QString());
 }
 
-TEST_F(URLSessionTest, aMovedCommandKeepsItsBody) {
+TEST_F(URLSessionTest, aMovedCommandIsNotRepeatedElsewhere) {
     for (const int status : {307, 308}) {
-        const auto place = "/moved-" + QByteArray::number(status);
-        server.expect("POST", place).header("Location", "/new").answer(status).anyNumberOfTimes();
-        auto &moved = server.expect("POST", "/new").answer(200, "done");
-        EXPECT_EQ(await(session.data(request("POST", QString::fromLatin1(place), "content"))).body, "done") << status;
-        EXPECT_EQ(moved.request().body, "content");
+        server.expect("POST", "/old").header("Location", "/new").answer(status);
+        EXPECT_EQ(failureCode(session.data(request("POST", u"/old"_s, "content"))), URLError::Code::connectionLost);
+        server.assertSilence();
     }
 }

@@ -197,8 +197,9 @@ QTcpSocket *FakeServer::makeSocket(qintptr descriptor) {
     }
     auto *secure = new QSslSocket(this);
     secure->setSocketDescriptor(descriptor);
-    secure->setLocalCertificate(selfSignedCertificate().certificate);
-    secure->setPrivateKey(selfSignedCertificate().key);
+    const auto identity = selfSignedCertificate();
+    secure->setLocalCertificate(identity.certificate);
+    secure->setPrivateKey(identity.key);
     secure->startServerEncryption();
     return secure;
 }

@@ -9,4 +9,4 @@ struct SelfSignedCertificate {
 };
 
 /// A certificate for 127.0.0.1 that no authority has signed, made once a process.
-const SelfSignedCertificate &selfSignedCertificate();
+SelfSignedCertificate selfSignedCertificate();
