@@ -60,6 +60,7 @@ void AppState::restoreSession() {
 QCoro::Task<> AppState::restore() {
     const auto self = shared_from_this();
     APIClient::shared().setServerURL(serverURL);
+    serverURL = currentServerAddress();
     try {
         const auto answer = co_await APIClient::shared().get<AuthMeResponse>(u"api/auth/me"_s);
         isLoading = false;

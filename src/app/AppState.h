@@ -116,6 +116,7 @@ private:
     void startCheck(bool deliver);
     void handleMailboxState(const QJsonObject &data);
     void handleEmailsChanged(const QJsonObject &data);
+    void signalChangedFolder(const QString &folder);
     void handleNewEmails(const QJsonObject &data);
     void handleChatMessage(const QJsonObject &data);
     QString folderPath(FolderRole role, const QString &fallback) const;

@@ -56,9 +56,15 @@ void AppState::handleMailboxState(const QJsonObject &data) {
     }
 }
 
+void AppState::signalChangedFolder(const QString &folder) {
+    emailsChangedInFolder = folder;
+    // At once: a further event in the same turn may name another folder.
+    Q_EMIT changed();
+}
+
 void AppState::handleEmailsChanged(const QJsonObject &data) {
     const auto folder = textOr(data, "folder"_L1, inbox);
-    emailsChangedInFolder = folder;
+    signalChangedFolder(folder);
     if (data.value("seen"_L1).toBool() || data.value("removed"_L1).toBool())
         launch(notificationService.dismissNotifications(folder, wholeNumbers(data.value("uids"_L1))));
 }
@@ -67,7 +73,7 @@ void AppState::handleNewEmails(const QJsonObject &data) {
     if (wholeNumber(data.value("count"_L1)).value_or(0) < 1)
         return;
     const auto latest = data.value("latest"_L1).toArray();
-    emailsChangedInFolder = textOr(latest.isEmpty() ? QJsonObject() : latest.first().toObject(), "folder"_L1, inbox);
+    signalChangedFolder(textOr(latest.isEmpty() ? QJsonObject() : latest.first().toObject(), "folder"_L1, inbox));
     startCheck(deliversNotifications());
 }
 

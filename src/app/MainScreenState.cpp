@@ -87,6 +87,7 @@ QCoro::Task<> MainScreenState::drop(std::vector<EmailDragData> items, MailFolder
 void MainScreenState::answerRequests() {
     answerNavigation();
     answerPendingEmail();
+    answerPendingChat();
     answerShortcut();
     answerCompose();
 }
@@ -109,6 +110,13 @@ void MainScreenState::answerPendingEmail() {
     // In the next turn, so that the list has started its folder when the message opens.
     QMetaObject::invokeMethod(
         this, [this, uid = pending->uid] { m_appState->selectedEmailUID = uid; }, Qt::QueuedConnection);
+}
+
+void MainScreenState::answerPendingChat() {
+    const auto pending = m_appState->pendingOpenChat.get();
+    // The chat screen takes the id; until then it must not lead back there again and again.
+    if (std::exchange(m_answeredChat, pending) != pending && pending)
+        m_appState->navigationDestination = AppDestination::chat;
 }
 
 void MainScreenState::answerShortcut() {

@@ -44,6 +44,7 @@ private:
     void answerRequests();
     void answerNavigation();
     void answerPendingEmail();
+    void answerPendingChat();
     void answerShortcut();
     void answerCompose();
     void handleEvent(const QString &name, const QJsonObject &data);
@@ -52,4 +53,5 @@ private:
     void selectFirstFolder();
 
     std::shared_ptr<AppState> m_appState;
+    std::optional<QString> m_answeredChat;
 };

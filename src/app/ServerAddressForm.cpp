@@ -6,6 +6,16 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+bool isServerAddress(const QUrl &url) {
+    const bool isWeb = url.scheme() == "http"_L1 || url.scheme() == "https"_L1;
+    // Two slashes are what another scheme, such as "ftp://", leaves behind the one that was put in front of it.
+    return url.isValid() && isWeb && !url.host().isEmpty() && !url.path().startsWith("//"_L1);
+}
+
+} // namespace
+
 ServerAddressForm::ServerAddressForm(std::shared_ptr<AppState> appState)
     : m_appState(std::move(appState)) {
     reset();
@@ -18,8 +28,7 @@ void ServerAddressForm::reset() {
 }
 
 bool ServerAddressForm::apply() {
-    const QUrl url(normalizedServerAddress(address), QUrl::StrictMode);
-    if (!url.isValid() || url.host().isEmpty() || !url.scheme().startsWith("http"_L1)) {
+    if (!isServerAddress(QUrl(normalizedServerAddress(address), QUrl::StrictMode))) {
         errorMessage =
             u"This is not a server address. Write it like mail.example.org or https://mail.example.org:8443."_s;
         return false;

@@ -90,6 +90,7 @@ void EmailListState::startFolder() {
     m_lastSearch.clear();
     viewModel->searchQuery = QString();
     viewModel->selectedEmails = {};
+    m_followedSelection.clear();
     viewModel->clearFilters();
     loadedFolderPath = std::nullopt;
     m_folderTask.start([this](std::stop_token stop) { return loadFolder(folder->path, std::move(stop)); });
@@ -113,6 +114,8 @@ QCoro::Task<> EmailListState::loadFolder(QString path, std::stop_token stop) {
 }
 
 void EmailListState::reload() {
+    if (folder->path.isEmpty())
+        return;
     launch(viewModel->load(requestFolder(), std::nullopt, isFavorites()));
 }
 
@@ -128,19 +131,19 @@ void EmailListState::setSearchQuery(const QString &text) {
     if (viewModel->searchQuery.get() == text)
         return;
     viewModel->searchQuery = text;
-    m_searchTask.start([this](std::stop_token stop) { return debounceSearch(std::move(stop)); });
+    m_searchTask.cancel();
+    if (text != m_lastSearch)
+        m_searchTask.start([this](std::stop_token stop) { return searchLater(weak_from_this(), std::move(stop)); });
 }
 
-QCoro::Task<> EmailListState::debounceSearch(std::stop_token stop) {
-    const auto self = shared_from_this();
-    if (viewModel->searchQuery.get() == m_lastSearch)
-        co_return;
+// Waiting must not keep a closed screen alive.
+QCoro::Task<> EmailListState::searchLater(std::weak_ptr<EmailListState> screen, std::stop_token stop) {
     co_await Clock::shared().sleep(searchDelay, stop);
-    if (stop.stop_requested() || viewModel->searchQuery.get() == m_lastSearch)
+    const auto self = screen.lock();
+    if (!self || stop.stop_requested())
         co_return;
-    m_lastSearch = viewModel->searchQuery;
-    viewModel->currentPage = 1;
-    reload();
+    self->m_lastSearch = self->viewModel->searchQuery;
+    self->submitSearch();
 }
 
 void EmailListState::submitSearch() {
@@ -152,6 +155,13 @@ void EmailListState::setSelection(const std::set<qint64> &uids) {
     if (viewModel->selectedEmails.get() == uids)
         return;
     viewModel->selectedEmails = uids;
+    followSelection();
+}
+
+void EmailListState::followSelection() {
+    const auto &uids = viewModel->selectedEmails.get();
+    if (std::exchange(m_followedSelection, uids) == uids)
+        return;
     if (uids.size() != 1) {
         m_appState->selectedEmailUID = std::nullopt;
     } else if (m_appState->selectedEmailUID.get() != *uids.begin()) {
@@ -174,5 +184,7 @@ void EmailListState::answerChangedFolder() {
 
 void EmailListState::takeModelChange() {
     rows.setEmails(viewModel->emails, isSentFolder());
+    // A reload takes rows that are gone out of the selection.
+    followSelection();
     scheduleChange();
 }

@@ -56,11 +56,14 @@ private:
     bool isFavorites() const;
     void startFolder();
     QCoro::Task<> loadFolder(QString path, std::stop_token stop);
-    QCoro::Task<> debounceSearch(std::stop_token stop);
+    static QCoro::Task<> searchLater(std::weak_ptr<EmailListState> screen, std::stop_token stop);
     void answerChangedFolder();
     void takeModelChange();
+    void followSelection();
 
     std::shared_ptr<AppState> m_appState;
     QString m_lastSearch;
+    /// The selection from which the message on show was taken last.
+    std::set<qint64> m_followedSelection;
     TaskSlot m_folderTask, m_searchTask;
 };

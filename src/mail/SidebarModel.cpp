@@ -60,6 +60,8 @@ int SidebarModel::rowCount(const QModelIndex &parent) const {
 }
 
 QVariant SidebarModel::data(const QModelIndex &index, int role) const {
+    if (!index.isValid())
+        return {};
     const auto &shown = m_rows[index.row()];
     if (role == Qt::DisplayRole)
         return shown.title;
@@ -69,6 +71,8 @@ QVariant SidebarModel::data(const QModelIndex &index, int role) const {
 }
 
 Qt::ItemFlags SidebarModel::flags(const QModelIndex &index) const {
+    if (!index.isValid())
+        return Qt::NoItemFlags;
     const auto &shown = m_rows[index.row()];
     return shown.isHeading ? Qt::NoItemFlags : Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsDropEnabled;
 }
