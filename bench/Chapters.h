@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QString>
+
+class AppDriver;
+class Profile;
+class RawServer;
+
+/// Record decoding and the event stream's parser, on texts in memory.
+void measureParsing(const RawServer &server);
+/// From the start of the process to what a person waits for.
+void measureStart(const Profile &signedOut, const Profile &signedIn);
+/// Memory and processor time of the program and its helpers.
+void measureWeight(const Profile &signedIn);
+/// Pages of the message list and changes of folder.
+void measureList(AppDriver &driver, const RawServer &server);
+/// Opening messages one after the other.
+void measureMessages(AppDriver &driver);
