@@ -42,6 +42,13 @@ CorvaniteApp::~CorvaniteApp() {
         delete window.second;
 }
 
+void CorvaniteApp::followSystemAppearance() {
+    m_appearance = std::make_unique<SystemAppearance>();
+    connect(m_appearance.get(), &SystemAppearance::prefersDarkChanged, this, [this](bool prefersDark) {
+        m_appState->themeManager.setSystemColorScheme(prefersDark ? ColorScheme::dark : ColorScheme::light);
+    });
+}
+
 void CorvaniteApp::launch() {
     m_delegate.didFinishLaunching();
     openMainWindow();
@@ -49,6 +56,7 @@ void CorvaniteApp::launch() {
     m_delegate.appState = m_appState;
     m_delegate.deliverPending();
     m_delegate.openMainWindow = [this] { openMainWindow(); };
+    QMetaObject::invokeMethod(this, &CorvaniteApp::followSystemAppearance, Qt::QueuedConnection);
 }
 
 void CorvaniteApp::applyTheme() {

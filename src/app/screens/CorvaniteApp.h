@@ -2,6 +2,7 @@
 
 #include "app/MacAppDelegate.h"
 #include "mail/EmailWindowRef.h"
+#include "platform/desktop/SystemAppearance.h"
 
 #include <QPointer>
 #include <QWidget>
@@ -25,11 +26,12 @@ public:
 
 private:
     void applyTheme();
-    void followSystemColorScheme();
+    void followSystemAppearance();
     std::unique_ptr<QWidget> makeMainWindow();
 
     std::shared_ptr<AppState> m_appState = std::make_shared<AppState>();
     MacAppDelegate m_delegate;
+    std::unique_ptr<SystemAppearance> m_appearance;
     std::unique_ptr<QWidget> m_mainWindow;
     std::vector<std::pair<EmailWindowRef, QPointer<QWidget>>> m_emailWindows;
 };
