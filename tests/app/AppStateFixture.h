@@ -28,10 +28,11 @@ protected:
     static bool tasksHaveEnded() {
         return spinUntil([] { return launchedTaskCount() == 0; });
     }
-    /// Lets tasks end and screens hear of it.
+    /// Lets tasks end and everybody hear of it: a model tells its state, that a screen, and that the shared state.
     static void settle() {
         EXPECT_TRUE(tasksHaveEnded());
-        deliverQueuedEvents();
+        for (int turn = 1; turn <= 4; ++turn)
+            deliverQueuedEvents();
     }
 
     void beginSession(const QByteArray &userJSON = R"({"_id": "u1", "username": "anna"})") {

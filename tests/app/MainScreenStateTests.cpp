@@ -164,7 +164,6 @@ TEST_F(MainScreenTest, OpensAPendingMessageOnceItsFolderIsThere) {
     EXPECT_EQ(state->pendingOpenEmail.get(), pending);
     EXPECT_EQ(state->selectedEmailUID.get(), std::nullopt);
     deliver(u"folders_updated"_s, R"({"folders": [{"path": "Later", "name": "Later"}]})");
-    deliverQueuedEvents();
     EXPECT_EQ(state->pendingOpenEmail.get(), std::nullopt);
     EXPECT_EQ(selectedPath(), u"Later"_s);
     EXPECT_EQ(state->selectedEmailUID.get(), 7);
@@ -177,7 +176,6 @@ TEST_F(MainScreenTest, SelectsTheFolderOfAPendingMessageATurnBeforeTheMessage) {
                      [&] { turns.emplace_back(selectedPath(), state->selectedEmailUID); });
     state->pendingOpenEmail = PendingEmail{7, u"Work"_s};
     settle();
-    deliverQueuedEvents();
     EXPECT_THAT(turns, ElementsAre(std::pair(u"Work"_s, std::optional<qint64>())));
     EXPECT_EQ(state->selectedEmailUID.get(), 7);
 }
@@ -205,7 +203,6 @@ TEST_F(MainScreenTest, ActsOnQuickActions) {
     EXPECT_NE(*state->composePresentationID, former);
     state->pendingShortcutAction = QuickActionType::inbox;
     settle();
-    deliverQueuedEvents();
     EXPECT_EQ(selectedPath(), u"INBOX"_s);
     state->pendingShortcutAction = QuickActionType::messages;
     settle();

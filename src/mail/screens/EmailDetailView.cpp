@@ -136,8 +136,8 @@ void EmailDetailView::showPlaceholder() {
 void EmailDetailView::renderMessage() {
     m_imageBar->setVisible(m_state->offersImages());
     renderBody();
-    const auto uid = m_state->viewModel->email.get()->uid;
-    if (std::exchange(m_shownUID, uid) != uid)
+    const auto reference = m_state->reference.get();
+    if (std::exchange(m_shown, reference) != reference)
         m_scroll->verticalScrollBar()->setValue(0);
 }
 

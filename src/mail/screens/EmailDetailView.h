@@ -47,5 +47,5 @@ private:
     QPointer<EmailHTMLView> m_htmlView;
     ToastPresenter *m_toasts;
     ScheduledWorkPtr m_progress;
-    qint64 m_shownUID = -1;
+    std::optional<EmailWindowRef> m_shown;
 };

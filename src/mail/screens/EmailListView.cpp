@@ -165,7 +165,7 @@ void EmailListView::renderContent() {
     switch (m_state->content()) {
     case EmailListState::Content::rows:
         m_stack->setCurrentWidget(m_list);
-        if (std::exchange(m_awaitsFocus, false))
+        if (std::exchange(m_awaitsFocus, false) && !m_search->hasFocus())
             m_list->setFocus();
         return;
     case EmailListState::Content::skeleton:

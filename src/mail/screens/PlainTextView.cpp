@@ -67,7 +67,7 @@ void PlainTextView::measureNext() {
 }
 
 void PlainTextView::applyHeight() {
-    setFixedHeight(m_paragraphs.height() + 2 * padding);
+    setFixedHeight(std::min(m_paragraphs.height() + 2 * padding, QWIDGETSIZE_MAX));
     update();
 }
 
@@ -81,6 +81,9 @@ bool PlainTextView::event(QEvent *event) {
 
 void PlainTextView::resizeEvent(QResizeEvent *event) {
     QWidget::resizeEvent(event);
+    // Measuring changes the height, and must not start itself from there.
+    if (event->size().width() == event->oldSize().width())
+        return;
     m_paragraphs.setGeometry(font(), width() - 2 * padding);
     measureNext();
 }

@@ -75,6 +75,7 @@ std::unique_ptr<QTextLayout> TextParagraphs::layout(int paragraph) const {
     QTextOption option;
     option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
     option.setTextDirection(Qt::LayoutDirectionAuto);
+    option.setAlignment(result->text().isRightToLeft() ? Qt::AlignRight : Qt::AlignLeft);
     result->setTextOption(option);
     result->setCacheEnabled(true);
     const auto spacing = QFontMetricsF(m_font).lineSpacing();

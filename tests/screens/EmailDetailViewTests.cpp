@@ -1,0 +1,186 @@
+#include "mail/screens/EmailDetailView.h"
+
+#include "app/AppStateFixture.h"
+#include "mail/MailAnswers.h"
+#include "mail/screens/FlowingAddresses.h"
+#include "mail/screens/PlainTextView.h"
+#include "screens/ScreenTest.h"
+#include "screens/Widgets.h"
+#include "ui/screens/Spinner.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QMenu>
+#include <QPushButton>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace {
+
+class MessageScreen : public ScreenTest, protected AppStateFixture {
+protected:
+    void SetUp() override {
+        server.expect("GET", "/api/emails/notification-state?folder=INBOX").answer(500).anyNumberOfTimes();
+        screen = EmailDetailState::make(state);
+        view = std::make_unique<EmailDetailView>(state, screen);
+        view->resize(700, 500);
+        showActive(*view);
+    }
+    void TearDown() override {
+        settle();
+        view.reset();
+        screen.reset();
+        state.reset();
+        ScreenTest::TearDown();
+    }
+
+    FakeExchange &expectRead(int uid) {
+        return server.expect("GET", "/api/emails/read/" + QByteArray::number(uid) + "?folder=INBOX");
+    }
+    void show(qint64 uid) { screen->show(EmailWindowRef{uid, u"INBOX"_s}); }
+    void open(const QByteArray &fields, int uid = 7) {
+        expectRead(uid).json("{\"uid\": " + QByteArray::number(uid) + fields + "}");
+        show(uid);
+        settle();
+    }
+    QPushButton *button(const QString &name) const { return visibleNamed<QPushButton>(*view, name); }
+    PlainTextView &text() const { return *view->findChild<PlainTextView *>(); }
+    static QString clipboard() { return QGuiApplication::clipboard()->text(); }
+    QString toast() const { return screen->copiedToast->value_or(ToastMessage()).message; }
+    QStringList addressButtons() const {
+        QStringList labels;
+        for (auto *addresses : view->findChildren<FlowingAddresses *>())
+            for (auto *address : addresses->findChildren<QPushButton *>())
+                if (address->isVisible())
+                    labels.append(address->text());
+        return labels;
+    }
+
+    ManualClock clock;
+    std::shared_ptr<EmailDetailState> screen;
+    std::unique_ptr<EmailDetailView> view;
+};
+
+} // namespace
+
+TEST_F(MessageScreen, AsksForASelection) {
+    EXPECT_TRUE(showsText(*view, u"No email selected"_s));
+    EXPECT_TRUE(showsText(*view, u"Select an email to read it"_s));
+    EXPECT_FALSE(button(u"Try Again"_s));
+}
+
+TEST_F(MessageScreen, ShowsProgressOnlyWhenTheMessageIsSlow) {
+    auto &read = expectRead(7).held();
+    show(7);
+    read.request();
+    deliverQueuedEvents();
+    auto *spinner = view->findChild<Spinner *>();
+    EXPECT_FALSE(spinner->isVisible());
+    clock.advance(150ms);
+    EXPECT_TRUE(spinner->isVisible());
+    answerHeld(read, R"({"uid": 7, "body_text": "Hello"})");
+    settle();
+    EXPECT_FALSE(spinner->isVisible());
+    EXPECT_TRUE(text().isVisible());
+    clock.advance(1s);
+    EXPECT_TRUE(text().isVisible());
+}
+
+TEST_F(MessageScreen, TriesAgainAfterAFailure) {
+    expectRead(7).json(R"({"error": "No such message"})", 404);
+    show(7);
+    settle();
+    EXPECT_TRUE(showsText(*view, u"Couldn't Load This Email"_s));
+    EXPECT_TRUE(showsText(*view, u"No such message"_s));
+    expectRead(7).json(R"({"uid": 7, "body_text": "Hello"})");
+    button(u"Try Again"_s)->click();
+    settle();
+    EXPECT_TRUE(text().isVisible());
+    EXPECT_FALSE(button(u"Try Again"_s));
+}
+
+TEST_F(MessageScreen, SaysThatTheMessageWasMoved) {
+    open(R"(, "body_text": "Hello")");
+    screen->messageMoved = true;
+    settle();
+    EXPECT_TRUE(showsText(*view, u"Message moved"_s));
+    EXPECT_FALSE(text().isVisible());
+    EXPECT_FALSE(button(u"Try Again"_s));
+}
+
+TEST_F(MessageScreen, ShowsPlainTextAndNoImageBar) {
+    open(R"(, "body_text": "Hello <img src=x>")");
+    text().selectAll();
+    EXPECT_EQ(text().selectedText(), u"Hello <img src=x>"_s);
+    EXPECT_FALSE(button(u"Show Images"_s));
+    open("", 8);
+    EXPECT_FALSE(text().isVisible());
+}
+
+TEST_F(MessageScreen, StartsEachMessageAtItsTop) {
+    const auto lines = R"(, "body_text": ")" + QByteArray("line\\n").repeated(500) + "\"";
+    open(lines);
+    auto *bar = view->findChild<QScrollArea *>()->verticalScrollBar();
+    ASSERT_TRUE(spinUntil([&] { return bar->maximum() > 300; }));
+    bar->setValue(300);
+    screen->copySubject();
+    settle();
+    EXPECT_EQ(bar->value(), 300);
+    open(lines, 8);
+    EXPECT_EQ(bar->value(), 0);
+    bar->setValue(300);
+    server.expect("GET", "/api/emails/read/8?folder=Work").json("{\"uid\": 8" + lines + "}");
+    server.expect("GET", "/api/emails/notification-state?folder=Work").answer(500).anyNumberOfTimes();
+    screen->show(EmailWindowRef{8, u"Work"_s});
+    settle();
+    EXPECT_EQ(bar->value(), 0);
+}
+
+TEST_F(MessageScreen, ShowsWhoWroteToWhom) {
+    open(R"(, "subject": "", "from": [{"name": "A & B", "email": "a&b@x.org"}],
+             "to": [{"name": "Bo & Co", "email": "b@x.org"}, {"address": "c@x.org"}], "cc": [])");
+    EXPECT_TRUE(showsText(*view, u"A & B"_s));
+    EXPECT_TRUE(button(u"a&b@x.org"_s));
+    EXPECT_TRUE(showsText(*view, u"To:"_s));
+    EXPECT_FALSE(showsText(*view, u"Cc:"_s));
+    EXPECT_EQ(addressButtons(), (QStringList{u"Bo && Co,"_s, u"c@x.org"_s}));
+    open(R"(, "cc": [{"email": "d@x.org"}])", 8);
+    EXPECT_TRUE(showsText(*view, u"(No Subject)"_s));
+    EXPECT_TRUE(showsText(*view, u"Unknown"_s));
+    EXPECT_FALSE(button(u"a&b@x.org"_s));
+    EXPECT_FALSE(showsText(*view, u"To:"_s));
+    EXPECT_TRUE(showsText(*view, u"Cc:"_s));
+    EXPECT_EQ(addressButtons(), QStringList{u"d@x.org"_s});
+}
+
+TEST_F(MessageScreen, CopiesAddressesAndTheSubject) {
+    server.expect("GET", "/api/emails/list?folder=INBOX&page=1&per_page=50&search=plan").answer(500);
+    open(R"(, "subject": "Plan", "from": [{"name": "Ada", "email": "a@x.org"}],
+             "to": [{"name": "Bo", "email": "b@x.org"}])");
+    auto *sender = button(u"a@x.org"_s);
+    EXPECT_EQ(sender->toolTip(), u"Click to copy"_s);
+    QTest::keyClick(sender, Qt::Key_Space);
+    EXPECT_EQ(clipboard(), u"a@x.org"_s);
+    EXPECT_EQ(toast(), u"a@x.org copied to clipboard"_s);
+    auto *recipient = button(u"Click to copy b@x.org"_s);
+    ASSERT_TRUE(recipient);
+    EXPECT_EQ(recipient->toolTip(), u"Click to copy b@x.org"_s);
+    recipient->click();
+    EXPECT_EQ(clipboard(), u"b@x.org"_s);
+    EXPECT_EQ(toast(), u"b@x.org copied to clipboard"_s);
+    screen->copySubject();
+    EXPECT_EQ(clipboard(), u"Plan"_s);
+    settle();
+    clock.advance(3s);
+    EXPECT_EQ(screen->copiedToast.get(), std::nullopt);
+}
+
+TEST_F(MessageScreen, NamesEverythingThatTakesTheFocus) {
+    EXPECT_EQ(namelessControls(*view), QStringList());
+    open(R"(, "body_text": "x", "from": [{"name": "Ada", "email": "a@x.org"}], "to": [{"email": "b@x.org"}])");
+    EXPECT_EQ(namelessControls(*view), QStringList());
+}
