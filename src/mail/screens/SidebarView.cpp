@@ -12,11 +12,25 @@
 #include <QMenu>
 #include <QVBoxLayout>
 
+namespace {
+
+/// The keys lead from folder to folder, past the headings.
+class FolderList final : public QListView {
+protected:
+    QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override {
+        const auto index = QListView::moveCursor(action, modifiers);
+        const bool isHeading = index.isValid() && !(index.flags() & Qt::ItemIsEnabled);
+        return isHeading ? index.siblingAtRow(index.row() + 1) : index;
+    }
+};
+
+} // namespace
+
 SidebarView::SidebarView(std::shared_ptr<AppState> appState, std::shared_ptr<MainScreenState> state, QWidget *parent)
     : QWidget(parent)
     , m_appState(std::move(appState))
     , m_state(std::move(state))
-    , m_list(new QListView) {
+    , m_list(new FolderList) {
     m_list->setModel(&m_model);
     m_list->setItemDelegate(new SidebarDelegate(m_list));
     m_list->setFrameShape(QFrame::NoFrame);
@@ -89,10 +103,6 @@ void SidebarView::showAccountMenu(QWidget *button) {
 
 void SidebarView::openDestination(AppDestination destination) {
     m_appState->navigationDestination = destination;
-}
-
-void SidebarView::focusFolders() {
-    m_list->setFocus();
 }
 
 void SidebarView::render() {

@@ -1,0 +1,170 @@
+#include "app/screens/MainScreen.h"
+
+#include "app/AppStateFixture.h"
+#include "app/screens/ContentView.h"
+#include "app/screens/LoginView.h"
+#include "mail/MailAnswers.h"
+#include "mail/screens/EmailListView.h"
+#include "screens/ScreenTest.h"
+#include "screens/Widgets.h"
+#include "ui/screens/Buttons.h"
+
+#include <QApplication>
+#include <QListView>
+#include <QMenu>
+#include <QTest>
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace {
+
+class WholeScreen : public ScreenTest, protected AppStateFixture {
+protected:
+    void SetUp() override {
+        server.expect("GET", "/api/folders")
+            .json(R"({"folders": [{"path": "INBOX", "name": "INBOX", "type": "inbox"},
+                                  {"path": "Work", "name": "Work", "unseen": 2}]})")
+            .anyNumberOfTimes();
+        server.expect("GET", "/api/folders/cached").answer(500).anyNumberOfTimes();
+        server.expect("GET", "/api/auth/registration-status").answer(500).anyNumberOfTimes();
+        for (const QByteArray folder : {"INBOX", "Work"}) {
+            server.expect("GET", "/api/emails/notification-state?folder=" + folder).answer(500).anyNumberOfTimes();
+            server.expect("GET", "/api/emails/cached?folder=" + folder + "&page=1&per_page=50")
+                .answer(500)
+                .anyNumberOfTimes();
+            server.expect("GET", "/api/emails/list?folder=" + folder + "&page=1&per_page=50")
+                .json(pageJSON(emptyEmails({1, 2, 3})))
+                .anyNumberOfTimes();
+            server.expect("GET", "/api/emails/read/2?folder=" + folder)
+                .json(R"({"uid": 2, "body_text": "Hello", "to": [{"email": "b@x.org"}]})")
+                .anyNumberOfTimes();
+        }
+        view = std::make_unique<ContentView>(state);
+        view->resize(1200, 800);
+        showActive(*view);
+    }
+    void TearDown() override {
+        settle();
+        view.reset();
+        state.reset();
+        ScreenTest::TearDown();
+    }
+
+    void open() {
+        state->isLoading = false;
+        beginSession();
+        settle();
+    }
+    QListView *folders() const { return visibleNamed<QListView>(*view, u"Folders"_s); }
+    QListView *messages() const { return visibleNamed<QListView>(*view, u"Messages"_s); }
+    static QString shownIn(const QListView *list) { return list->currentIndex().data().toString(); }
+    QStringList accountMenu() const {
+        visibleNamed<IconButton>(*view, u"Account and shortcuts"_s)->click();
+        QStringList entries;
+        for (const auto *action : view->findChild<QMenu *>()->actions())
+            entries.append(action->text());
+        QApplication::activePopupWidget()->close();
+        return entries;
+    }
+
+    ManualClock clock;
+    std::unique_ptr<ContentView> view;
+};
+
+} // namespace
+
+TEST_F(WholeScreen, LeadsFromTheSplashToTheMailAndBackToTheSignInScreen) {
+    EXPECT_FALSE(view->mainScreen() || view->findChild<LoginView *>());
+    state->isLoading = false;
+    settle();
+    EXPECT_TRUE(view->findChild<LoginView *>());
+    beginSession();
+    ASSERT_TRUE(view->mainScreen());
+    settle();
+    EXPECT_EQ(shownIn(folders()), u"Inbox"_s);
+    EXPECT_TRUE(messages()->hasFocus());
+    server.expect("POST", "/api/auth/logout").json("{}");
+    await(state->signOut());
+    settle();
+    EXPECT_FALSE(view->mainScreen());
+    EXPECT_TRUE(view->findChild<LoginView *>());
+}
+
+TEST_F(WholeScreen, ChangesFoldersWithTheKeyboard) {
+    open();
+    QTest::keyClick(messages(), Qt::Key_Down);
+    ASSERT_TRUE(state->selectedEmailUID.get());
+    folders()->setFocus();
+    QTest::keyClick(folders(), Qt::Key_End);
+    settle();
+    EXPECT_EQ(shownIn(folders()), u"Work"_s);
+    EXPECT_EQ(state->selectedFolder->value_or(MailFolder()).path, u"Work"_s);
+    EXPECT_EQ(state->selectedEmailUID.get(), std::nullopt);
+    EXPECT_TRUE(folders()->hasFocus());
+    QTest::keyClick(folders(), Qt::Key_Home);
+    settle();
+    EXPECT_EQ(shownIn(folders()), u"Inbox"_s);
+}
+
+TEST_F(WholeScreen, KeepsTheFolderWhenTheListOfFoldersChanges) {
+    open();
+    state->navigateToFolder = u"Work"_s;
+    settle();
+    state->sseClient.onEvent(u"folders_updated"_s, parseJSON(R"({"folders": [{"path": "New", "name": "New"},
+                             {"path": "Work", "name": "Work"}]})")
+                                                       .toObject());
+    settle();
+    EXPECT_EQ(shownIn(folders()), u"Work"_s);
+    EXPECT_EQ(state->selectedFolder->value_or(MailFolder()).path, u"Work"_s);
+}
+
+TEST_F(WholeScreen, GoesToASectionAndBack) {
+    open();
+    visibleNamed<IconButton>(*view, u"Settings"_s)->click();
+    settle();
+    EXPECT_EQ(state->navigationDestination.get(), AppDestination::settings);
+    EXPECT_FALSE(messages());
+    EXPECT_FALSE(folders()->currentIndex().isValid());
+    QTest::mouseClick(folders()->viewport(), Qt::LeftButton, {},
+                      folders()->visualRect(folders()->model()->index(1, 0)).center());
+    settle();
+    EXPECT_EQ(state->navigationDestination.get(), std::nullopt);
+    EXPECT_TRUE(messages());
+    EXPECT_EQ(shownIn(folders()), u"Inbox"_s);
+}
+
+TEST_F(WholeScreen, OffersAdministrationToAdministrators) {
+    open();
+    EXPECT_EQ(accountMenu(), (QStringList{u"Keyboard Shortcuts"_s, u"Sign Out"_s}));
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    auto user = *state->currentUser.get();
+    user.role = u"admin"_s;
+    state->currentUser = user;
+    EXPECT_EQ(accountMenu(), (QStringList{u"Keyboard Shortcuts"_s, u"Administration"_s, u"Security"_s, u"Sign Out"_s}));
+}
+
+TEST_F(WholeScreen, ShowsAMessageThatWasWaitingForItsFolder) {
+    state->pendingOpenEmail = PendingEmail{2, u"Work"_s};
+    open();
+    settle();
+    EXPECT_EQ(state->selectedEmailUID.get(), 2);
+    EXPECT_TRUE(visibleNamed<QPushButton>(*view, u"Click to copy b@x.org"_s));
+}
+
+TEST_F(WholeScreen, HasShortcutsForSearchAndReload) {
+    open();
+    QTest::keyClick(view.get(), Qt::Key_F, Qt::ControlModifier);
+    EXPECT_EQ(accessibleName(*view->focusWidget()), u"Search emails…"_s);
+}
+
+TEST_F(WholeScreen, NamesEverythingThatTakesTheFocus) {
+    open();
+    EXPECT_EQ(namelessControls(*view), QStringList());
+    state->selectedEmailUID = 2;
+    settle();
+    EXPECT_EQ(namelessControls(*view), QStringList());
+    state->navigationDestination = AppDestination::settings;
+    settle();
+    EXPECT_EQ(namelessControls(*view), QStringList());
+}
