@@ -14,7 +14,7 @@ TEST_F(AuthTest, EveryEndpointButSignInAsksForASession) {
         ASSERT_TRUE(answer) << path;
         EXPECT_EQ(answer->status, 401) << path;
         EXPECT_EQ(answer->body, R"({"message":"Not signed in"})") << path;
-        EXPECT_EQ(answer->get_header_value("Content-Type"), "application/json");
+        EXPECT_EQ(answer->get_header_value("Content-Type"), "application/json; charset=utf-8");
     }
     EXPECT_EQ(get("api/auth/registration-status")->body, R"({"allowed":true})");
 }
