@@ -69,7 +69,7 @@ void Mailbox::fill(const QString &folder, int messages) {
 }
 
 void Mailbox::writeNewest(int number) {
-    const auto date = QDateTime::currentDateTime().addSecs(newestMessages - number);
+    const auto date = QDateTime::currentDateTime().addSecs(number);
     const bool isUnread = number % 4 < 2;
     QFile file(u"%1/cur/%2.N%3.corvanite:2,%4"_s.arg(path())
                    .arg(date.toSecsSinceEpoch())

@@ -1,8 +1,9 @@
 #include "ProcessTree.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
-#include <numeric>
+#include <map>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -36,12 +37,41 @@ std::vector<pid_t> withDescendants(pid_t process) {
     return all;
 }
 
-double memoryOf(pid_t process) {
-    std::istringstream lines(processFile(process, "smaps_rollup"));
-    for (std::string word; lines >> word;)
-        if (double kilobytes = 0; word == "Pss:" && lines >> kilobytes)
-            return kilobytes / 1024;
-    return 0;
+/// Kilobytes in memory.
+struct Usage {
+    double own = 0;
+    /// By the file that is mapped.
+    std::map<std::string, double> shared;
+};
+
+bool isHeading(const std::string &line) {
+    return line.find('-') < line.find(' ');
+}
+
+std::string mappedFile(const std::string &heading) {
+    const auto slash = heading.find('/');
+    return slash == std::string::npos ? std::string() : heading.substr(slash);
+}
+
+Usage usageOf(pid_t process) {
+    Usage usage;
+    std::istringstream lines(processFile(process, "smaps"));
+    std::string file;
+    for (std::string line; std::getline(lines, line);) {
+        if (isHeading(line)) {
+            file = mappedFile(line);
+            continue;
+        }
+        std::istringstream words(line);
+        std::string key;
+        double kilobytes = 0;
+        words >> key >> kilobytes;
+        if (key == "Private_Clean:" || key == "Private_Dirty:")
+            usage.own += kilobytes;
+        else if (key == "Shared_Clean:" || key == "Shared_Dirty:")
+            usage.shared[file] += kilobytes;
+    }
+    return usage;
 }
 
 /// The first number of a thread's `schedstat` is its time on a processor in nanoseconds.
@@ -53,17 +83,24 @@ double processorTimeOf(pid_t process) {
     return milliseconds;
 }
 
-double sum(const std::vector<pid_t> &processes, double (*use)(pid_t)) {
-    return std::accumulate(processes.begin(), processes.end(), 0.0,
-                           [use](double total, pid_t process) { return total + use(process); });
-}
-
 } // namespace
 
 double ProcessTree::memory() const {
-    return sum(withDescendants(m_root), memoryOf);
+    Usage all;
+    for (const auto process : withDescendants(m_root)) {
+        const auto usage = usageOf(process);
+        all.own += usage.own;
+        for (const auto &[file, kilobytes] : usage.shared)
+            all.shared[file] = std::max(all.shared[file], kilobytes);
+    }
+    for (const auto &file : all.shared)
+        all.own += file.second;
+    return all.own / 1024;
 }
 
 double ProcessTree::processorTime() const {
-    return sum(withDescendants(m_root), processorTimeOf);
+    double total = 0;
+    for (const auto process : withDescendants(m_root))
+        total += processorTimeOf(process);
+    return total;
 }

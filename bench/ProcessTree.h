@@ -8,7 +8,8 @@ public:
     explicit ProcessTree(pid_t root)
         : m_root(root) {}
 
-    /// Megabytes of memory, what is shared with other processes counted in proportion.
+    /// Megabytes of memory. What they share among themselves counts once, and what they share with others counts whole:
+    /// this program maps the same libraries and must not make them look lighter.
     double memory() const;
     /// Milliseconds of processor time since their start.
     double processorTime() const;

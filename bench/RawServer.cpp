@@ -30,8 +30,10 @@ RawServer::RawServer(const QString &address)
 
 QByteArray RawServer::get(const QByteArray &path) const {
     const auto cookie = m_sessionHeader.first(m_sessionHeader.indexOf(';'));
-    const auto answer =
-        exchange("GET " + path + " HTTP/1.1\r\nHost: localhost\r\nConnection: close\r\nCookie: " + cookie + "\r\n\r\n");
+    const auto answer = exchange(
+        "GET " + path +
+        " HTTP/1.1\r\nHost: localhost\r\nAccept-Encoding: gzip, deflate, br\r\nConnection: close\r\nCookie: " + cookie +
+        "\r\n\r\n");
     return answer.mid(answer.indexOf("\r\n\r\n") + 4);
 }
 
