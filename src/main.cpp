@@ -10,7 +10,7 @@ int main(int argc, char **argv) {
     QApplication::setApplicationDisplayName(QStringLiteral("Corvanite"));
     QApplication::setDesktopFileName(QStringLiteral("com.corvanite.Corvanite"));
 
-    const ApplicationInstance instance;
+    ApplicationInstance instance;
     if (instance.role() == ApplicationInstance::Role::secondary)
         return 0;
     // Where a later start cannot bring the window back, closing it ends the program.
@@ -24,6 +24,7 @@ int main(int argc, char **argv) {
         QObject::connect(&instance, &ApplicationInstance::wokeFromSleep, &corvanite,
                          [&] { corvanite.delegate().wokeFromSleep(); });
         corvanite.launch();
+        QMetaObject::invokeMethod(&instance, &ApplicationInstance::watchSleep, Qt::QueuedConnection);
         status = QApplication::exec();
     }
     AtomicFileWriter::shared().flush();

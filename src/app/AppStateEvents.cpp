@@ -1,6 +1,7 @@
 #include "app/AppState.h"
 
 #include "net/JSONRecord.h"
+#include "platform/JSONNumber.h"
 #include "platform/Tasks.h"
 #include "platform/UserDefaults.h"
 
@@ -17,18 +18,10 @@ QString textOr(const QJsonObject &data, QLatin1StringView key, const QString &fa
     return data.value(key).toString(fallback);
 }
 
-std::optional<qint64> wholeNumber(const QJsonValue &value) {
-    try {
-        return decodeJSON<qint64>(value);
-    } catch (const DecodingError &) {
-        return std::nullopt;
-    }
-}
-
 std::vector<qint64> wholeNumbers(const QJsonValue &value) {
     std::vector<qint64> numbers;
     for (const auto &item : value.toArray())
-        if (const auto number = wholeNumber(item))
+        if (const auto number = exactInteger(item))
             numbers.push_back(*number);
     return numbers;
 }
@@ -70,7 +63,7 @@ void AppState::handleEmailsChanged(const QJsonObject &data) {
 }
 
 void AppState::handleNewEmails(const QJsonObject &data) {
-    if (wholeNumber(data.value("count"_L1)).value_or(0) < 1)
+    if (exactInteger(data.value("count"_L1)).value_or(0) < 1)
         return;
     const auto latest = data.value("latest"_L1).toArray();
     signalChangedFolder(textOr(latest.isEmpty() ? QJsonObject() : latest.first().toObject(), "folder"_L1, inbox));
@@ -86,6 +79,9 @@ void AppState::handleChatMessage(const QJsonObject &data) {
     if (!UserDefaults::standard().flag(u"showChatBubbles"_s).value_or(false))
         return;
     showChatBubble = true;
-    // A newer message replaces the work, and so keeps the bubble up for its own time.
-    m_bubbleEnd = Clock::shared().after(bubbleDuration, [this] { showChatBubble = false; });
+    // A newer message keeps the bubble up for its own time.
+    m_bubbleEnd = Clock::shared().after(bubbleDuration, [this, now] {
+        if (incomingChatMessage.get()->timestamp == now)
+            showChatBubble = false;
+    });
 }

@@ -1,6 +1,7 @@
 #include "app/AuthViewModel.h"
 
 #include "app/AuthService.h"
+#include "platform/DecimalText.h"
 #include "platform/Error.h"
 
 #include <QTextBoundaryFinder>
@@ -24,26 +25,20 @@ std::optional<QString> unlessEmpty(const QString &text) {
     return text.isEmpty() ? std::nullopt : std::optional(text);
 }
 
-std::optional<qint64> port(const QString &text) {
-    const auto digits = text.startsWith(u'+') || text.startsWith(u'-') ? text.sliced(1) : text;
-    for (const auto digit : digits)
-        if (digit < u'0' || digit > u'9')
-            return std::nullopt;
-    bool isNumber = false;
-    const auto number = text.toLongLong(&isNumber);
-    return isNumber ? std::optional<qint64>(number) : std::nullopt;
-}
-
 } // namespace
 
 QCoro::Task<> AuthViewModel::checkRegistrationStatus() {
     const auto self = shared_from_this();
+    const auto check = ++m_statusCheck;
+    bool isAllowed = true;
     try {
-        const bool allowed = co_await AuthService().registrationStatus();
-        isRegistrationAllowed = allowed;
+        const bool answer = co_await AuthService().registrationStatus();
+        isAllowed = answer;
     } catch (const std::exception &) {
-        isRegistrationAllowed = true;
+        // The offer stays; the server will say when the person takes it.
     }
+    if (check == m_statusCheck)
+        isRegistrationAllowed = isAllowed;
 }
 
 QCoro::Task<std::optional<User>> AuthViewModel::login() {
@@ -79,12 +74,12 @@ RegisterRequest AuthViewModel::registerRequest() const {
             .email = email,
             .full_name = fullName,
             .imap_host = unlessEmpty(imapHost),
-            .imap_port = port(imapPort),
+            .imap_port = decimalInteger(imapPort),
             .imap_username = unlessEmpty(imapUsername),
             .imap_password = unlessEmpty(imapPassword),
             .imap_encryption = imapEncryption,
             .smtp_host = unlessEmpty(smtpHost),
-            .smtp_port = port(smtpPort),
+            .smtp_port = decimalInteger(smtpPort),
             .smtp_username = unlessEmpty(smtpUsername),
             .smtp_password = unlessEmpty(smtpPassword),
             .smtp_encryption = smtpEncryption};

@@ -32,6 +32,9 @@ public:
     void switchForm(bool toRegistration);
 
 private:
+    /// The newest check of the registration status; an older one's answer counts no more.
+    int m_statusCheck = 0;
+
     std::optional<QString> registrationFault() const;
     RegisterRequest registerRequest() const;
 };

@@ -3,6 +3,7 @@
 #include "mail/EmailService.h"
 #include "mail/FolderService.h"
 #include "mail/Folders.h"
+#include "platform/JSONNumber.h"
 
 using namespace Qt::StringLiterals;
 
@@ -27,6 +28,12 @@ void MainScreenState::start() {
     answerRequests();
 }
 
+void MainScreenState::close() {
+    m_isClosed = true;
+    m_appState->disconnect(this);
+    m_appState->sseClient.onEvent = {};
+}
+
 std::optional<MailFolder> MainScreenState::selectedFolder() const {
     return selectedFolderPath.get() ? ::selectedFolder(m_appState->folders, **selectedFolderPath) : std::nullopt;
 }
@@ -43,6 +50,8 @@ QCoro::Task<> MainScreenState::refresh() {
     const auto self = shared_from_this();
     try {
         const auto folders = co_await FolderService::listFolders();
+        if (m_isClosed)
+            co_return;
         m_appState->folders = folders;
         selectFirstFolder();
     } catch (const std::exception &) {
@@ -50,6 +59,8 @@ QCoro::Task<> MainScreenState::refresh() {
     }
     try {
         const auto state = co_await EmailService::notificationState(u"INBOX"_s);
+        if (m_isClosed)
+            co_return;
         co_await m_appState->notificationService.applyMailboxState(state);
     } catch (const std::exception &) {
         // The next check brings the count.
@@ -98,7 +109,12 @@ void MainScreenState::answerNavigation() {
         return;
     m_appState->navigateToFolder = std::nullopt;
     if (const auto folder = folderNamed(m_appState->folders, *wanted))
-        selectFolder(folder->path);
+        showMail(folder->path);
+}
+
+void MainScreenState::showMail(const QString &folderPath) {
+    m_appState->navigationDestination = std::nullopt;
+    selectFolder(folderPath);
 }
 
 void MainScreenState::answerPendingEmail() {
@@ -106,7 +122,7 @@ void MainScreenState::answerPendingEmail() {
     if (!pending || !::selectedFolder(m_appState->folders, pending->folderPath))
         return;
     m_appState->pendingOpenEmail = std::nullopt;
-    selectFolder(pending->folderPath);
+    showMail(pending->folderPath);
     // In the next turn, so that the list has started its folder when the message opens.
     QMetaObject::invokeMethod(
         this, [this, uid = pending->uid] { m_appState->selectedEmailUID = uid; }, Qt::QueuedConnection);
@@ -168,14 +184,7 @@ void MainScreenState::handleMailboxState(const QJsonObject &data) {
     });
     if (folder == folders.end())
         return;
-    const auto wholeNumber = [&](QLatin1StringView key) -> std::optional<qint64> {
-        try {
-            return decodeJSON<qint64>(data.value(key));
-        } catch (const DecodingError &) {
-            return std::nullopt;
-        }
-    };
-    folder->unseen = wholeNumber("unseen"_L1);
-    folder->total = wholeNumber("total"_L1);
+    folder->unseen = exactInteger(data.value("unseen"_L1));
+    folder->total = exactInteger(data.value("total"_L1));
     m_appState->folders = folders;
 }

@@ -28,6 +28,9 @@ public:
 
     Published<std::optional<ToastMessage>> toast{this};
 
+    /// The screen is gone: requests and events are no longer answered here, and what still runs changes nothing more.
+    void close();
+
     /// The folder on show; absent when none is selected or the server no longer has it.
     std::optional<MailFolder> selectedFolder() const;
     void selectFolder(const QString &path);
@@ -51,7 +54,9 @@ private:
     void handleFolders(const QJsonObject &data);
     void handleMailboxState(const QJsonObject &data);
     void selectFirstFolder();
+    void showMail(const QString &folderPath);
 
     std::shared_ptr<AppState> m_appState;
+    bool m_isClosed = false;
     std::optional<QString> m_answeredChat;
 };

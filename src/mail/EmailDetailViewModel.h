@@ -15,7 +15,7 @@ public:
     Published<bool> isLoading{this, false};
     /// Why the last load failed.
     Published<std::optional<QString>> errorMessage{this};
-    /// The person chose to see remote images; holds for every message of this screen.
+    /// The person chose to see the images of the message on show; whoever shows another one takes the choice back.
     Published<bool> showImages{this, false};
     /// Related messages, oldest first.
     Published<std::vector<EmailSummary>> threadEmails{this};

@@ -52,8 +52,10 @@ void EmailHTMLCoordinator::buildPage(const EmailHTMLInputs &inputs) {
 }
 
 void EmailHTMLCoordinator::load(const QByteArray &page) {
-    if (lastLoadedHTML == page)
+    if (lastLoadedHTML == page) {
+        Q_EMIT pageKept();
         return;
+    }
     lastLoadedHTML = page;
     reload();
 }

@@ -34,6 +34,8 @@ Q_SIGNALS:
     /// `page` is UTF-8.
     void loadRequested(const QByteArray &page, bool showImages);
     void contentHeightChanged(qreal height);
+    /// The page that these inputs ask for is the one that was loaded last.
+    void pageKept();
 
 private:
     bool matchesGuards(const EmailHTMLInputs &inputs) const;

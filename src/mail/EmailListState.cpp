@@ -93,6 +93,9 @@ void EmailListState::startFolder() {
     m_followedSelection.clear();
     viewModel->clearFilters();
     loadedFolderPath = std::nullopt;
+    // The first load shows what was signalled while another folder was on show.
+    if (concerns(m_appState->emailsChangedInFolder))
+        m_appState->emailsChangedInFolder = std::nullopt;
     m_folderTask.start([this](std::stop_token stop) { return loadFolder(folder->path, std::move(stop)); });
 }
 
@@ -111,6 +114,12 @@ QCoro::Task<> EmailListState::loadFolder(QString path, std::stop_token stop) {
     }
     if (!stop.stop_requested())
         contextMenuFolders = targets;
+}
+
+void EmailListState::close() {
+    m_appState->disconnect(this);
+    m_folderTask.cancel();
+    m_searchTask.cancel();
 }
 
 void EmailListState::reload() {
@@ -176,10 +185,14 @@ void EmailListState::openInWindow(qint64 uid) {
 
 void EmailListState::answerChangedFolder() {
     const auto changedFolder = m_appState->emailsChangedInFolder.get();
-    if (!changedFolder || changedFolder->toUpper() != requestFolder().toUpper())
+    if (std::exchange(m_signalledFolder, changedFolder) == changedFolder || !concerns(changedFolder))
         return;
     m_appState->emailsChangedInFolder = std::nullopt;
     launch(viewModel->load(requestFolder(), 1, isFavorites()));
+}
+
+bool EmailListState::concerns(const std::optional<QString> &folderPath) const {
+    return folderPath && folderPath->toUpper() == requestFolder().toUpper();
 }
 
 void EmailListState::takeModelChange() {

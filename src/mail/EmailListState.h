@@ -38,6 +38,8 @@ public:
     bool isSentFolder() const;
     bool showsStars() const;
 
+    /// The screen is gone: what still runs changes nothing more.
+    void close();
     void reload();
     void nextPage();
     void previousPage();
@@ -58,11 +60,14 @@ private:
     QCoro::Task<> loadFolder(QString path, std::stop_token stop);
     static QCoro::Task<> searchLater(std::weak_ptr<EmailListState> screen, std::stop_token stop);
     void answerChangedFolder();
+    bool concerns(const std::optional<QString> &folderPath) const;
     void takeModelChange();
     void followSelection();
 
     std::shared_ptr<AppState> m_appState;
     QString m_lastSearch;
+    /// The folder that was signalled last, for whomever it was meant.
+    std::optional<QString> m_signalledFolder;
     /// The selection from which the message on show was taken last.
     std::set<qint64> m_followedSelection;
     TaskSlot m_folderTask, m_searchTask;

@@ -50,8 +50,6 @@ void ContentView::render() {
     const auto wanted = wantedScreen();
     if (m_screen == wanted)
         return;
-    // A start shows what it has without delay; the fade is for what a person has done.
-    const bool fades = m_screen && m_screen != Screen::splash;
     m_screen = wanted;
     const QPointer<QWidget> former = m_shown;
     m_shown = makeScreen(wanted);
@@ -59,8 +57,7 @@ void ContentView::render() {
     m_layout->setCurrentWidget(m_shown);
     if (!former)
         return;
-    if (fades)
-        fadeFrom(former);
+    fadeFrom(former);
     former->deleteLater();
 }
 

@@ -98,9 +98,10 @@ void CorvaniteApp::openEmailWindow(const EmailWindowRef &reference) {
     auto *layout = new QVBoxLayout(window);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(new EmailDetailView(m_appState, state));
-    connect(state.get(), &ObservableObject::changed, window, [window, state = state.get()] {
-        if (!state->subjectText().isEmpty())
-            window->setWindowTitle(state->subjectText());
+    // It shows mail of the account that is signed in.
+    connect(m_appState.get(), &ObservableObject::changed, window, [this, window] {
+        if (!m_appState->isAuthenticated)
+            window->close();
     });
     state->show(reference);
     m_emailWindows.emplace_back(reference, window);

@@ -25,7 +25,10 @@ LoginView::LoginView(std::shared_ptr<AppState> appState, QWidget *parent)
     : MailThemeBackground(false, parent)
     , m_appState(std::move(appState)) {
     auto *server = new ServerForm(std::make_shared<ServerAddressForm>(m_appState));
-    connect(server, &ServerForm::serverChanged, this, &LoginView::checkRegistrationStatus);
+    connect(server, &ServerForm::serverChanged, this, [this] {
+        m_viewModel->errorMessage = std::nullopt;
+        checkRegistrationStatus();
+    });
 
     auto *column = new QWidget;
     column->setFixedWidth(cardWidth);

@@ -50,6 +50,11 @@ MainScreen::MainScreen(std::shared_ptr<AppState> appState, QWidget *parent)
     addShortcuts();
 }
 
+MainScreen::~MainScreen() {
+    m_state->close();
+    m_listState->close();
+}
+
 QWidget *MainScreen::makeMailView() {
     m_listColumn = new QStackedWidget;
     m_noFolder =

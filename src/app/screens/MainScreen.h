@@ -18,6 +18,7 @@ class MainScreen final : public MailThemeBackground {
     Q_OBJECT
 public:
     explicit MainScreen(std::shared_ptr<AppState> appState, QWidget *parent = nullptr);
+    ~MainScreen() override;
 
     EmailListState &listState() { return *m_listState; }
     EmailDetailState &detailState() { return *m_detailState; }

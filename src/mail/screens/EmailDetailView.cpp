@@ -71,7 +71,7 @@ QWidget *EmailDetailView::makeColumn() {
     m_bodyPlace = new QWidget;
     auto *body = new QVBoxLayout(m_bodyPlace);
     body->setContentsMargins(4, 0, 4, 0);
-    body->addWidget(m_textView);
+    body->addWidget(m_textView, 0, Qt::AlignTop);
     auto *layout = new QVBoxLayout(column);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
@@ -89,6 +89,7 @@ QWidget *EmailDetailView::makeImageBar() {
     button->setIcon(symbolIcon(u"photo"_s));
     auto *note =
         new ThemeLabel(tr("Images are hidden to protect your privacy."), TextStyle::footnote, TextRole::secondary);
+    note->setWordWrap(true);
     connect(button, &QPushButton::clicked, m_state.get(), &EmailDetailState::showImages);
     auto *layout = new QHBoxLayout(bar);
     layout->setContentsMargins(20, 0, 20, 10);

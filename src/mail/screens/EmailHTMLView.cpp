@@ -7,6 +7,7 @@
 
 #include <QChildEvent>
 #include <QKeyEvent>
+#include <QPointer>
 #include <QWheelEvent>
 
 #include <cmath>
@@ -70,6 +71,7 @@ EmailHTMLView::EmailHTMLView(QWidget *parent)
     setFixedHeight(int(m_coordinator.contentHeight()));
     connect(m_column, &ScrollingColumn::windowChanged, this, &EmailHTMLView::place);
     connect(&m_coordinator, &EmailHTMLCoordinator::loadRequested, this, &EmailHTMLView::load);
+    connect(&m_coordinator, &EmailHTMLCoordinator::pageKept, this, &EmailHTMLView::webViewDidPaint);
     connect(&m_coordinator, &EmailHTMLCoordinator::contentHeightChanged, this, &EmailHTMLView::applyHeight);
     connect(&m_coordinator, &EmailHTMLCoordinator::contentHeightChanged, this, &EmailHTMLView::contentHeightChanged);
 }
@@ -209,8 +211,11 @@ void EmailHTMLView::followPage(qreal pageOffset) {
 void EmailHTMLView::webViewDidFinish() {
     m_sentOffset = -1;
     place();
-    m_webView->evaluateJavaScript(emailHeightExpression,
-                                  [this](const QVariant &height) { m_coordinator.receiveHeight(height); });
+    // The page outlives this view when it is recycled.
+    m_webView->evaluateJavaScript(emailHeightExpression, [self = QPointer(this)](const QVariant &height) {
+        if (self)
+            self->m_coordinator.receiveHeight(height);
+    });
 }
 
 void EmailHTMLView::webViewDidPaint() {

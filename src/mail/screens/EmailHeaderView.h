@@ -7,7 +7,6 @@
 class AvatarView;
 class FlowingAddresses;
 class LinkButton;
-class QFormLayout;
 class ThemeLabel;
 
 /// The head of an opened message: subject, sender, date and recipients, each of which can be copied.

@@ -6,6 +6,7 @@
 #include "ui/screens/EmptyStateView.h"
 #include "ui/screens/SearchBar.h"
 #include "ui/screens/SkeletonView.h"
+#include "ui/screens/Spinner.h"
 #include "ui/screens/ThemeLabel.h"
 
 #include <QHBoxLayout>
@@ -65,6 +66,8 @@ QWidget *EmailListView::makeHeader() {
 
 QWidget *EmailListView::makeStatusBar() {
     auto *bar = new QWidget;
+    m_jobsSpinner = new Spinner(14);
+    m_jobs = new ThemeLabel(tr("Processing in background…"), TextStyle::caption, TextRole::secondary);
     m_selected = new ThemeLabel({}, TextStyle::caption, TextRole::secondary);
     m_page = new ThemeLabel({}, TextStyle::caption, TextRole::secondary);
     m_previous = new IconButton(QStringLiteral("chevron.left"), tr("Previous page"));
@@ -72,6 +75,8 @@ QWidget *EmailListView::makeStatusBar() {
     auto *layout = new QHBoxLayout(bar);
     layout->setContentsMargins(16, 4, 8, 4);
     layout->setSpacing(4);
+    layout->addWidget(m_jobsSpinner);
+    layout->addWidget(m_jobs);
     layout->addWidget(m_selected);
     layout->addStretch();
     layout->addWidget(m_page);
@@ -144,11 +149,30 @@ void EmailListView::focusSearch() {
     m_search->requestFocus();
 }
 
-void EmailListView::takeSelection() {
+std::set<qint64> EmailListView::highlightedUIDs() const {
     std::set<qint64> uids;
     for (const auto &index : m_list->selectionModel()->selectedIndexes())
         uids.insert(m_state->rows.row(index.row()).uid);
-    m_state->setSelection(uids);
+    return uids;
+}
+
+void EmailListView::takeSelection() {
+    m_state->setSelection(highlightedUIDs());
+}
+
+/// Highlights what the model has selected, where the two differ: a change of folder empties the selection although
+/// the favourites and the inbox share rows.
+void EmailListView::renderSelection() {
+    const auto &selected = m_state->viewModel->selectedEmails.get();
+    if (highlightedUIDs() == selected)
+        return;
+    QItemSelection selection;
+    for (const auto uid : selected)
+        if (const auto row = m_state->rows.indexOf(uid); row >= 0)
+            selection.select(m_state->rows.index(row), m_state->rows.index(row));
+    const QSignalBlocker quiet(m_list->selectionModel());
+    m_list->selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect);
+    m_list->viewport()->update();
 }
 
 void EmailListView::render() {
@@ -158,7 +182,18 @@ void EmailListView::render() {
         m_search->setText(m_state->viewModel->searchQuery);
     static_cast<EmailRowDelegate *>(m_list->itemDelegate())->showsStars = m_state->showsStars();
     renderContent();
+    renderSelection();
     renderStatus();
+    scrollToTopOfNewRows();
+}
+
+void EmailListView::scrollToTopOfNewRows() {
+    const auto &model = *m_state->viewModel;
+    if (model.isLoading || model.isRefreshing)
+        return;
+    auto query = std::tuple(m_state->folder->path, model.currentPage.get(), model.searchQuery.get());
+    if (std::exchange(m_shownQuery, query) != query)
+        m_list->scrollToTop();
 }
 
 void EmailListView::renderContent() {
@@ -181,6 +216,9 @@ void EmailListView::renderContent() {
 
 void EmailListView::renderStatus() {
     const auto &model = *m_state->viewModel;
+    const bool hasJobs = model.backgroundJobsActive > 0;
+    m_jobsSpinner->setVisible(hasJobs);
+    m_jobs->setVisible(hasJobs);
     const auto selected = model.selectedEmails->size();
     m_selected->setText(selected == 0 ? QString() : tr("%1 selected").arg(selected));
     m_page->setText(model.pageInfoText());

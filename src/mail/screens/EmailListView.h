@@ -9,6 +9,7 @@ class IconButton;
 class QListView;
 class QStackedWidget;
 class SearchBar;
+class Spinner;
 class ThemeLabel;
 
 /// The middle column of the main window: one folder's messages, page by page.
@@ -32,6 +33,9 @@ private:
     void render();
     void renderContent();
     void renderStatus();
+    void scrollToTopOfNewRows();
+    void renderSelection();
+    std::set<qint64> highlightedUIDs() const;
     void takeSelection();
     void openCurrent();
 
@@ -42,8 +46,11 @@ private:
     QListView *m_list;
     EmptyStateView *m_placeholder;
     QWidget *m_skeleton;
-    ThemeLabel *m_selected, *m_page;
+    Spinner *m_jobsSpinner;
+    ThemeLabel *m_jobs, *m_selected, *m_page;
     IconButton *m_previous, *m_next;
+    /// The folder, page and search text of the rows on show; others begin at the list's top.
+    std::tuple<QString, qint64, QString> m_shownQuery;
     /// The first rows take the keyboard focus.
     bool m_awaitsFocus = true;
 };

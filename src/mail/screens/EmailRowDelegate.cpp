@@ -1,6 +1,7 @@
 #include "mail/screens/EmailRowDelegate.h"
 
 #include "mail/EmailListModel.h"
+#include "ui/SystemColors.h"
 #include "ui/screens/AppStyle.h"
 #include "ui/screens/AvatarView.h"
 #include "ui/screens/Fonts.h"
@@ -18,7 +19,6 @@ constexpr int avatarSize = 32;
 constexpr int starSize = 16;
 constexpr int markSize = 13;
 constexpr int previewLines = 2;
-const QColor starColor(0xf5, 0xb3, 0x01);
 
 const EmailRow &rowAt(const QModelIndex &index) {
     return static_cast<const EmailListModel *>(index.model())->row(index.row());
@@ -100,7 +100,8 @@ int EmailRowDelegate::paintLeading(QPainter *painter, const QRect &frame, const 
     const auto middle = frame.top() + margin + avatarSize / 2;
     if (showsStars) {
         paintSymbol(painter, row.isFlagged ? QStringLiteral("star.fill") : QStringLiteral("star"),
-                    QRectF(x, middle - starSize / 2, starSize, starSize), row.isFlagged ? starColor : theme.textLight);
+                    QRectF(x, middle - starSize / 2, starSize, starSize),
+                    row.isFlagged ? systemYellow(theme) : theme.textLight);
         x += starSize + 8;
     }
     if (row.isUnread) {
@@ -147,7 +148,7 @@ int EmailRowDelegate::paintTrailingMarks(QPainter *painter, const QRect &line, c
     };
     if (row.hasAttachment)
         drawMark(QStringLiteral("paperclip"), theme.textSecondary);
-    if (row.isFlagged && !showsStars)
-        drawMark(QStringLiteral("star.fill"), starColor);
+    if (row.isFlagged)
+        drawMark(QStringLiteral("star.fill"), systemYellow(theme));
     return right - 8;
 }

@@ -13,8 +13,6 @@ class SidebarView final : public QWidget {
 public:
     SidebarView(std::shared_ptr<AppState> appState, std::shared_ptr<MainScreenState> state, QWidget *parent = nullptr);
 
-    void focusFolders();
-
 private:
     QWidget *makeFooter();
     QWidget *makeDestinationButton(const QString &title, const QString &symbol, AppDestination destination);

@@ -11,11 +11,13 @@ namespace {
 const auto serviceName = u"com.corvanite.Corvanite"_s;
 const auto objectPath = u"/com/corvanite/Corvanite"_s;
 const auto interfaceName = u"org.freedesktop.Application"_s;
+constexpr int activationTimeout = 2000; // milliseconds
 
-void askOtherToActivate(QDBusConnection &bus) {
+/// Whether another process answered that it comes to the front.
+bool askOtherToActivate(QDBusConnection &bus) {
     auto call = QDBusMessage::createMethodCall(serviceName, objectPath, interfaceName, u"Activate"_s);
     call << QVariantMap();
-    bus.call(call, QDBus::Block, 2000);
+    return bus.call(call, QDBus::Block, activationTimeout).type() == QDBusMessage::ReplyMessage;
 }
 
 } // namespace
@@ -26,12 +28,13 @@ ApplicationInstance::ApplicationInstance(QObject *parent)
     if (!bus.isConnected())
         return;
     bus.registerObject(objectPath, this, QDBusConnection::ExportScriptableSlots);
-    if (!bus.registerService(serviceName)) {
+    if (bus.registerService(serviceName))
+        m_role = Role::primary;
+    else if (askOtherToActivate(bus))
         m_role = Role::secondary;
-        askOtherToActivate(bus);
-        return;
-    }
-    m_role = Role::primary;
+}
+
+void ApplicationInstance::watchSleep() {
     QDBusConnection::systemBus().connect(u"org.freedesktop.login1"_s, u"/org/freedesktop/login1"_s,
                                          u"org.freedesktop.login1.Manager"_s, u"PrepareForSleep"_s, this,
                                          SLOT(prepareForSleep(bool)));

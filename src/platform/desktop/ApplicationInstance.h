@@ -12,13 +12,15 @@ public:
         primary,
         /// Another process owns it and has been asked to come to the front.
         secondary,
-        /// There is no session bus: the processes know nothing of each other.
+        /// There is no session bus, or nobody who answers on it: this process minds its own business.
         alone
     };
 
     explicit ApplicationInstance(QObject *parent = nullptr);
 
     Role role() const { return m_role; }
+    /// Tells from now on when the machine wakes up. For after the start: it asks the system's bus.
+    void watchSleep();
 
 Q_SIGNALS:
     /// The program was started again, or clicked on, while it runs.

@@ -11,7 +11,7 @@
 
 using namespace Qt::StringLiterals;
 
-// Qt's own web engine sets the shared context through this function when it is linked rather than m_loaded.
+// Qt's own web engine sets the shared context through this function when it is linked rather than loaded.
 Q_GUI_EXPORT void qt_gl_set_global_share_context(QOpenGLContext *context);
 
 namespace {

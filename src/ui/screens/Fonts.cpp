@@ -95,11 +95,20 @@ QFont sized(QFont font, double pixels, QFont::Weight weight) {
     return font;
 }
 
-QFont inSpaceFont(const SpaceFont &space, double pixels, QFont::Weight weight) {
+/// The weight that a font of the theme is drawn for, by its name.
+QFont::Weight spaceWeight(const QString &name) {
+    if (name.endsWith(u"-SemiBold"))
+        return QFont::DemiBold;
+    if (name.endsWith(u"-Bold"))
+        return QFont::Bold;
+    return name.endsWith(u"-Medium") ? QFont::Medium : QFont::Normal;
+}
+
+QFont inSpaceFont(const SpaceFont &space, double pixels) {
     QFont font = systemFont();
     if (const auto family = spaceFamilies().constFind(space.name); family != spaceFamilies().cend())
         font.setFamily(*family);
-    return sized(font, pixels, weight);
+    return sized(font, pixels, spaceWeight(space.name));
 }
 
 } // namespace
@@ -110,11 +119,11 @@ QFont themeFont(TextStyle style, std::optional<QFont::Weight> weight) {
     if (!spaceFontsActive() || spaceFamilies().isEmpty())
         return sized(systemFont(), systemSize() * shape.scale, usedWeight);
     const auto space = spaceFont(style, weight);
-    return inSpaceFont(space, space.size * systemSize() / bodySize, usedWeight);
+    return inSpaceFont(space, space.size * systemSize() / bodySize);
 }
 
 QFont themeFont(double fixedSize, QFont::Weight weight) {
     if (!spaceFontsActive())
         return sized(systemFont(), fixedSize, weight);
-    return inSpaceFont(spaceFont(fixedSize, weight), fixedSize, weight);
+    return inSpaceFont(spaceFont(fixedSize, weight), fixedSize);
 }
