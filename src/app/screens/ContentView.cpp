@@ -50,6 +50,10 @@ void ContentView::render() {
     const auto wanted = wantedScreen();
     if (m_screen == wanted)
         return;
+    // A splash that hardly anybody saw is not faded out: a quick start is not made to look slow.
+    const auto now = Clock::shared().uptime();
+    const bool fades = m_screen != Screen::splash || now - m_shownSince >= Clock::Duration(fadeDuration);
+    m_shownSince = now;
     m_screen = wanted;
     const QPointer<QWidget> former = m_shown;
     m_shown = makeScreen(wanted);
@@ -57,7 +61,8 @@ void ContentView::render() {
     m_layout->setCurrentWidget(m_shown);
     if (!former)
         return;
-    fadeFrom(former);
+    if (fades)
+        fadeFrom(former);
     former->deleteLater();
 }
 

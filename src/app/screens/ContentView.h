@@ -33,4 +33,5 @@ private:
     QStackedLayout *m_layout;
     std::optional<Screen> m_screen;
     QPointer<QWidget> m_shown;
+    Clock::Duration m_shownSince{};
 };
