@@ -130,6 +130,7 @@ TEST_F(Session, EndsWithSigningOut) {
     FakeNotificationCenter center;
     restoreAs(R"({"_id": "u1", "username": "anna", "theme": "dracula"})");
     ASSERT_TRUE(hasCookies());
+    stream.request();
     NotificationRequest shown;
     shown.identifier = u"m7"_s;
     center.delivered = center.pending = {shown};
