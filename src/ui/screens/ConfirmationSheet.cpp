@@ -1,0 +1,29 @@
+#include "ui/screens/ConfirmationSheet.h"
+
+#include "ui/screens/ThemeLabel.h"
+
+#include <QVBoxLayout>
+
+namespace {
+
+constexpr int textWidth = 400;
+
+} // namespace
+
+ConfirmationSheet::ConfirmationSheet(const QString &title, const QString &message, QWidget *parent)
+    : Sheet(title, {}, parent) {
+    setAttribute(Qt::WA_DeleteOnClose);
+    if (!message.isEmpty()) {
+        auto *words = new ThemeLabel(message, TextStyle::body, TextRole::secondary);
+        words->setWordWrap(true);
+        words->setFixedWidth(textWidth);
+        column()->addWidget(words);
+    }
+    connect(addButton(tr("Cancel")), &QPushButton::clicked, this, &QDialog::reject);
+}
+
+QPushButton *ConfirmationSheet::makeChoice(const QString &text, ButtonRole role) {
+    auto *button = addButton(text, role);
+    connect(button, &QPushButton::clicked, this, &QDialog::accept);
+    return button;
+}
