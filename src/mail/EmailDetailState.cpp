@@ -7,6 +7,16 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+/// Such a picture belongs into the body.
+bool isInlineImage(const EmailAttachment &attachment) {
+    const auto type = attachment.mimeType().trimmed().toLower();
+    return type.startsWith("image/"_L1) && !attachment.cid.value_or(QString()).trimmed().isEmpty();
+}
+
+} // namespace
+
 std::shared_ptr<EmailDetailState> EmailDetailState::make(std::shared_ptr<AppState> appState) {
     const std::shared_ptr<EmailDetailState> state(new EmailDetailState(std::move(appState)));
     connect(state->viewModel.get(), &ObservableObject::changed, state.get(), &ObservableObject::scheduleChange);
@@ -20,6 +30,8 @@ void EmailDetailState::show(const std::optional<EmailWindowRef> &wanted) {
     if (reference.get() == wanted)
         return;
     reference = wanted;
+    pushed = nullptr;
+    showThreadExpanded = false;
     viewModel->showImages = false;
     if (wanted)
         retry();
@@ -89,6 +101,10 @@ QString EmailDetailState::senderAddress() const {
     return sender() ? sender()->email.value_or(sender()->address.value_or(QString())) : QString();
 }
 
+QString EmailDetailState::senderDomain() const {
+    return addressDomain(senderAddress());
+}
+
 QString EmailDetailState::dateText() const {
     const auto &email = viewModel->email.get();
     return email ? relativeDateText(parseEmailDate(email->date)) : QString();
@@ -107,7 +123,50 @@ void EmailDetailState::copyAddress(const QString &address) {
     copy(address, address + u" copied to clipboard"_s);
 }
 
+void EmailDetailState::copySource(const QString &source) {
+    copy(source, u"Source copied to clipboard"_s);
+}
+
 void EmailDetailState::copy(const QString &text, const QString &confirmation) {
     Q_EMIT copyRequested(text);
     copiedToast = ToastMessage(confirmation, ToastType::success);
+}
+
+bool EmailDetailState::hasAttachments() const {
+    const auto &email = viewModel->email.get();
+    return email && email->attachments && !email->attachments->empty();
+}
+
+std::vector<EmailAttachment> EmailDetailState::shownAttachments() const {
+    if (!hasAttachments())
+        return {};
+    auto shown = *viewModel->email.get()->attachments;
+    std::erase_if(shown, isInlineImage);
+    return shown;
+}
+
+QString EmailDetailState::threadTitle() const {
+    return u"Thread (%1 related)"_s.arg(viewModel->threadEmails->size());
+}
+
+void EmailDetailState::toggleThread() {
+    showThreadExpanded = !showThreadExpanded;
+}
+
+void EmailDetailState::open(const EmailNavItem &item) {
+    const auto next = make(m_appState);
+    next->m_isPushed = true;
+    connect(next.get(), &EmailDetailState::dismissRequested, this, [this] { pushed = nullptr; });
+    next->show(EmailWindowRef{item.uid, item.folderPath});
+    pushed = next;
+}
+
+void EmailDetailState::openRelated(qint64 uid) {
+    if (const auto shown = reference.get())
+        open({uid, shown->folder});
+}
+
+void EmailDetailState::goBack() {
+    if (m_isPushed)
+        Q_EMIT dismissRequested();
 }

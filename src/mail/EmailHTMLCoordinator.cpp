@@ -30,15 +30,15 @@ void EmailHTMLCoordinator::update(const EmailHTMLInputs &inputs) {
 }
 
 bool EmailHTMLCoordinator::matchesGuards(const EmailHTMLInputs &inputs) const {
-    return lastHTML == inputs.html && lastThemeID == inputs.theme.id && lastDarkMode == inputs.theme.isDark &&
-           lastShowImages == inputs.showImages;
+    return m_lastHTML == inputs.html && m_lastThemeID == inputs.theme.id && m_lastDarkMode == inputs.theme.isDark &&
+           m_lastShowImages == inputs.showImages;
 }
 
 void EmailHTMLCoordinator::storeGuards(const EmailHTMLInputs &inputs) {
-    lastHTML = inputs.html;
-    lastThemeID = inputs.theme.id;
-    lastDarkMode = inputs.theme.isDark;
-    lastShowImages = inputs.showImages;
+    m_lastHTML = inputs.html;
+    m_lastThemeID = inputs.theme.id;
+    m_lastDarkMode = inputs.theme.isDark;
+    m_lastShowImages = inputs.showImages;
 }
 
 void EmailHTMLCoordinator::buildPage(const EmailHTMLInputs &inputs) {
@@ -52,17 +52,23 @@ void EmailHTMLCoordinator::buildPage(const EmailHTMLInputs &inputs) {
 }
 
 void EmailHTMLCoordinator::load(const QByteArray &page) {
-    if (lastLoadedHTML == page) {
+    if (m_lastLoadedHTML == page) {
         Q_EMIT pageKept();
         return;
     }
-    lastLoadedHTML = page;
+    m_lastLoadedHTML = page;
     reload();
 }
 
 void EmailHTMLCoordinator::reload() {
-    if (lastLoadedHTML)
-        Q_EMIT loadRequested(*lastLoadedHTML, *lastShowImages);
+    if (m_lastLoadedHTML)
+        Q_EMIT loadRequested(*m_lastLoadedHTML, *m_lastShowImages);
+}
+
+void EmailHTMLCoordinator::forget() {
+    ++m_build;
+    m_lastLoadedHTML = std::nullopt;
+    m_lastHTML = std::nullopt;
 }
 
 void EmailHTMLCoordinator::receiveHeight(const QVariant &height) {

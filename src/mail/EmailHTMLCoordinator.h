@@ -26,6 +26,8 @@ public:
     void receiveHeight(const QVariant &height);
     /// Asks for the page that was loaded last once more.
     void reload();
+    /// Nothing is shown any more: the next body is loaded in any case, and a page that is still being built is not.
+    void forget();
 
     /// At least 100.
     qreal contentHeight() const { return m_contentHeight; }
@@ -43,11 +45,11 @@ private:
     void buildPage(const EmailHTMLInputs &inputs);
     void load(const QByteArray &page);
 
-    std::optional<QByteArray> lastLoadedHTML;
-    std::optional<QString> lastHTML;
-    std::optional<QString> lastThemeID;
-    std::optional<bool> lastDarkMode;
-    std::optional<bool> lastShowImages;
+    std::optional<QByteArray> m_lastLoadedHTML;
+    std::optional<QString> m_lastHTML;
+    std::optional<QString> m_lastThemeID;
+    std::optional<bool> m_lastDarkMode;
+    std::optional<bool> m_lastShowImages;
     quint64 m_build = 0;
     qreal m_contentHeight = 100;
 };

@@ -97,7 +97,9 @@ void CorvaniteApp::openEmailWindow(const EmailWindowRef &reference) {
     auto state = EmailDetailState::make(m_appState);
     auto *layout = new QVBoxLayout(window);
     layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(new EmailDetailView(m_appState, state));
+    auto *detail = new EmailDetailView(m_appState, state, *new FocusedActions(window));
+    layout->addWidget(detail);
+    connect(state.get(), &EmailDetailState::dismissRequested, window, &QWidget::close);
     // It shows mail of the account that is signed in.
     connect(m_appState.get(), &ObservableObject::changed, window, [this, window] {
         if (!m_appState->isAuthenticated)
@@ -106,4 +108,5 @@ void CorvaniteApp::openEmailWindow(const EmailWindowRef &reference) {
     state->show(reference);
     m_emailWindows.emplace_back(reference, window);
     window->show();
+    detail->focusBody();
 }

@@ -65,7 +65,7 @@ QWidget *MainScreen::makeMailView() {
     auto *message = new MailThemeBackground(true);
     auto *messageLayout = new QVBoxLayout(message);
     messageLayout->setContentsMargins(0, 0, 0, 0);
-    m_detail = new EmailDetailView(m_appState, m_detailState);
+    m_detail = new EmailDetailView(m_appState, m_detailState, m_focusedActions);
     messageLayout->addWidget(m_detail);
     return new MailColumns(m_listColumn, message);
 }

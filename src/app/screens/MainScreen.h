@@ -3,6 +3,7 @@
 #include "app/MainScreenState.h"
 #include "mail/EmailDetailState.h"
 #include "mail/EmailListState.h"
+#include "mail/FocusedActions.h"
 #include "ui/screens/MailThemeBackground.h"
 
 class DestinationView;
@@ -39,6 +40,7 @@ private:
     std::shared_ptr<MainScreenState> m_state;
     std::shared_ptr<EmailListState> m_listState;
     std::shared_ptr<EmailDetailState> m_detailState;
+    FocusedActions m_focusedActions;
     SidebarView *m_sidebar;
     QStackedWidget *m_content, *m_listColumn;
     DestinationView *m_destination;

@@ -1,25 +1,19 @@
 #include "mail/screens/EmailDetailView.h"
 
-#include "mail/screens/EmailHTMLView.h"
-#include "mail/screens/EmailHeaderView.h"
-#include "mail/screens/PlainTextView.h"
-#include "ui/screens/Buttons.h"
+#include "mail/screens/EmailMessageView.h"
+#include "mail/screens/EmailToolbar.h"
+#include "mail/screens/SourceSheet.h"
+#include "ui/screens/ConfirmationSheet.h"
 #include "ui/screens/EmptyStateView.h"
 #include "ui/screens/Spinner.h"
-#include "ui/screens/Symbols.h"
-#include "ui/screens/ThemeLabel.h"
 #include "ui/screens/ToastPresenter.h"
 
 #include <QClipboard>
-#include <QDesktopServices>
 #include <QGuiApplication>
-#include <QHBoxLayout>
-#include <QScrollArea>
-#include <QScrollBar>
+#include <QShortcut>
+#include <QStackedLayout>
 #include <QStackedWidget>
 #include <QVBoxLayout>
-
-using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -29,98 +23,88 @@ constexpr auto progressDelay = std::chrono::milliseconds(150);
 } // namespace
 
 EmailDetailView::EmailDetailView(std::shared_ptr<AppState> appState, std::shared_ptr<EmailDetailState> state,
-                                 QWidget *parent)
+                                 FocusedActions &actions, QWidget *parent)
     : QWidget(parent)
     , m_appState(std::move(appState))
     , m_state(std::move(state))
+    , m_actions(&actions)
+    , m_layers(new QStackedLayout(this))
+    , m_toolbar(new EmailToolbar(m_state))
     , m_stack(new QStackedWidget)
     , m_loading(new QWidget)
     , m_placeholder(new EmptyStateView)
-    , m_scroll(new QScrollArea)
-    , m_textView(new PlainTextView)
-    , m_toasts(new ToastPresenter(this)) {
-    auto *loading = new QVBoxLayout(m_loading);
-    loading->addWidget(new Spinner(28), 0, Qt::AlignCenter);
-    m_scroll->setWidgetResizable(true);
-    m_scroll->setFrameShape(QFrame::NoFrame);
-    m_scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    m_scroll->setFocusPolicy(Qt::NoFocus);
-    m_scroll->viewport()->setAutoFillBackground(false);
-    m_scroll->setWidget(makeColumn());
-    // The background behind the whole view shows through.
-    m_scroll->widget()->setAutoFillBackground(false);
-    m_stack->addWidget(m_loading);
-    m_stack->addWidget(m_placeholder);
-    m_stack->addWidget(m_scroll);
-
-    auto *layout = new QVBoxLayout(this);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(m_stack);
-
-    connect(m_toasts, &ToastPresenter::expired, m_state.get(), [this] { m_state->copiedToast = std::nullopt; });
-    connect(m_state.get(), &EmailDetailState::copyRequested, this,
-            [](const QString &text) { QGuiApplication::clipboard()->setText(text); });
-    connect(m_placeholder, &EmptyStateView::buttonPressed, m_state.get(), &EmailDetailState::retry);
-    observe(&m_appState->themeManager, this, &EmailDetailView::applyTheme);
+    , m_message(new EmailMessageView(m_appState, m_state))
+    , m_actionToasts(new ToastPresenter(this))
+    , m_copyToasts(new ToastPresenter(this)) {
+    m_layers->addWidget(makeScreen());
+    connectState();
+    addBackShortcuts();
     observe(m_state.get(), this, &EmailDetailView::render);
 }
 
-QWidget *EmailDetailView::makeColumn() {
-    auto *column = new QWidget;
-    m_imageBar = makeImageBar();
-    m_bodyPlace = new QWidget;
-    auto *body = new QVBoxLayout(m_bodyPlace);
-    body->setContentsMargins(4, 0, 4, 0);
-    body->addWidget(m_textView, 0, Qt::AlignTop);
-    auto *layout = new QVBoxLayout(column);
+EmailDetailView::~EmailDetailView() {
+    if (m_actions && m_publishedAttachments)
+        m_actions->publishMessage(std::nullopt);
+}
+
+QWidget *EmailDetailView::makeScreen() {
+    auto *loading = new QVBoxLayout(m_loading);
+    loading->addWidget(new Spinner(28), 0, Qt::AlignCenter);
+    m_stack->addWidget(m_loading);
+    m_stack->addWidget(m_placeholder);
+    m_stack->addWidget(m_message);
+    auto *screen = new QWidget;
+    auto *layout = new QVBoxLayout(screen);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
-    layout->addWidget(new EmailHeaderView(m_state));
-    layout->addWidget(m_imageBar);
-    layout->addWidget(m_bodyPlace);
-    layout->addStretch(1);
-    return column;
+    layout->addWidget(m_toolbar);
+    layout->addWidget(m_stack, 1);
+    return screen;
 }
 
-QWidget *EmailDetailView::makeImageBar() {
-    auto *bar = new QWidget;
-    auto *button = new QPushButton(tr("Show Images"));
-    button->setAccessibleName(button->text());
-    button->setIcon(symbolIcon(u"photo"_s));
-    auto *note =
-        new ThemeLabel(tr("Images are hidden to protect your privacy."), TextStyle::footnote, TextRole::secondary);
-    note->setWordWrap(true);
-    connect(button, &QPushButton::clicked, m_state.get(), &EmailDetailState::showImages);
-    auto *layout = new QHBoxLayout(bar);
-    layout->setContentsMargins(20, 0, 20, 10);
-    layout->setSpacing(10);
-    layout->addWidget(button);
-    layout->addWidget(note, 1);
-    return bar;
+void EmailDetailView::connectState() {
+    connect(m_actionToasts, &ToastPresenter::expired, m_state.get(), [this] { m_state->spamToast = std::nullopt; });
+    connect(m_copyToasts, &ToastPresenter::expired, m_state.get(), [this] { m_state->copiedToast = std::nullopt; });
+    connect(m_state.get(), &EmailDetailState::copyRequested, this,
+            [](const QString &text) { QGuiApplication::clipboard()->setText(text); });
+    connect(m_placeholder, &EmptyStateView::buttonPressed, m_state.get(), &EmailDetailState::retry);
+    connect(m_message, &EmailMessageView::bodyPainted, this, &EmailDetailView::bodyPainted);
 }
 
-void EmailDetailView::applyTheme() {
-    const auto &theme = m_appState->themeManager.currentTheme();
-    m_textView->setTheme(theme);
-    if (m_htmlView)
-        m_htmlView->setTheme(theme);
+void EmailDetailView::addBackShortcuts() {
+    if (!m_state->isPushed())
+        return;
+    for (const auto &keys : {QKeySequence(Qt::ALT | Qt::Key_Left), QKeySequence(Qt::Key_Back)})
+        connect(new QShortcut(keys, this, nullptr, nullptr, Qt::WidgetWithChildrenShortcut), &QShortcut::activated,
+                m_state.get(), &EmailDetailState::goBack);
 }
 
 void EmailDetailView::render() {
-    m_toasts->setToast(m_state->copiedToast);
-    if (m_state->content() != EmailDetailState::Content::loading)
-        m_progress.reset();
-    switch (m_state->content()) {
-    case EmailDetailState::Content::loading:
-        showProgressSoon();
-        return;
-    case EmailDetailState::Content::message:
-        renderMessage();
-        m_stack->setCurrentWidget(m_scroll);
-        return;
-    default:
+    m_actionToasts->setToast(m_state->spamToast);
+    m_copyToasts->setToast(m_state->copiedToast);
+    renderContent();
+    renderPushed();
+    renderSheets();
+    publish();
+}
+
+void EmailDetailView::renderContent() {
+    const auto content = m_state->content();
+    if (content == EmailDetailState::Content::loading)
+        return showProgressSoon();
+    m_progress.reset();
+    m_toolbar->setVisible(content != EmailDetailState::Content::nothingSelected);
+    if (content == EmailDetailState::Content::message)
+        showMessage();
+    else
         showPlaceholder();
-    }
+}
+
+void EmailDetailView::showMessage() {
+    m_message->render();
+    m_stack->setCurrentWidget(m_message);
+    if (std::exchange(m_awaitsFocus, false))
+        m_message->focusBody();
 }
 
 void EmailDetailView::showProgressSoon() {
@@ -132,37 +116,79 @@ void EmailDetailView::showPlaceholder() {
     m_placeholder->setTexts(m_state->placeholder());
     m_placeholder->setButton(m_state->content() == EmailDetailState::Content::failure ? tr("Try Again") : QString());
     m_stack->setCurrentWidget(m_placeholder);
+    m_message->clear();
 }
 
-void EmailDetailView::renderMessage() {
-    m_imageBar->setVisible(m_state->offersImages());
-    renderBody();
-    const auto reference = m_state->reference.get();
-    if (std::exchange(m_shown, reference) != reference)
-        m_scroll->verticalScrollBar()->setValue(0);
-}
-
-void EmailDetailView::renderBody() {
-    const auto &email = *m_state->viewModel->email.get();
-    const auto body = m_state->body();
-    if (body == EmailDetailState::Body::html) {
-        htmlView()->setShowImages(m_state->viewModel->showImages);
-        htmlView()->setHtml(*email.body_html);
-    } else if (body == EmailDetailState::Body::text) {
-        m_textView->setText(*email.body_text);
+void EmailDetailView::renderPushed() {
+    const auto pushed = m_state->pushed.get();
+    if (m_pushed && m_pushed->m_state == pushed)
+        return;
+    const bool hadPushed = m_pushed;
+    delete m_pushed;
+    if (pushed) {
+        m_pushed = new EmailDetailView(m_appState, pushed, *m_actions);
+        connect(m_pushed, &EmailDetailView::bodyPainted, this, &EmailDetailView::bodyPainted);
+        m_layers->addWidget(m_pushed);
+        m_layers->setCurrentWidget(m_pushed);
     }
-    m_textView->setVisible(body == EmailDetailState::Body::text);
-    if (m_htmlView)
-        m_htmlView->setVisible(body == EmailDetailState::Body::html);
+    if (pushed || hadPushed)
+        focusBody();
 }
 
-EmailHTMLView *EmailDetailView::htmlView() {
-    if (m_htmlView)
-        return m_htmlView;
-    m_htmlView = new EmailHTMLView(m_bodyPlace);
-    m_htmlView->setTheme(m_appState->themeManager.currentTheme());
-    m_bodyPlace->layout()->addWidget(m_htmlView);
-    connect(m_htmlView, &EmailHTMLView::linkActivated, this, &QDesktopServices::openUrl);
-    connect(m_htmlView, &EmailHTMLView::painted, this, &EmailDetailView::bodyPainted);
-    return m_htmlView;
+// The topmost screen alone speaks to the menu bar.
+void EmailDetailView::publish() {
+    std::optional<bool> hasAttachments;
+    if (!m_pushed && m_state->viewModel->email.get())
+        hasAttachments = m_state->hasAttachments();
+    if (!m_actions || std::exchange(m_publishedAttachments, hasAttachments) == hasAttachments)
+        return;
+    if (!hasAttachments)
+        return m_actions->publishMessage(std::nullopt);
+    const auto perform = [state = std::weak_ptr(m_state)](MacMailAction action) {
+        if (const auto shown = state.lock())
+            shown->perform(action);
+    };
+    m_actions->publishMessage(MacMessageActions{*hasAttachments, perform});
+}
+
+void EmailDetailView::renderSheets() {
+    if (m_state->showBlockConfirmation && !m_confirmation)
+        confirmBlock();
+    if (m_state->showSourceSheet && !m_source)
+        showSource();
+    if (m_source)
+        m_source->showMessage(m_state->viewModel->isLoadingSource, m_state->viewModel->rawSource);
+}
+
+void EmailDetailView::confirmBlock() {
+    m_confirmation = new ConfirmationSheet(tr("Block this sender?"),
+                                           tr("Future messages from this sender will be blocked. This message will be "
+                                              "permanently deleted."),
+                                           this);
+    m_confirmation->addChoice(tr("Block and Permanently Delete"), ButtonRole::destructive, m_state.get(),
+                              [state = m_state.get()] { state->block(false); });
+    connect(m_confirmation, &QDialog::finished, m_state.get(), [this] { m_state->showBlockConfirmation = false; });
+    m_confirmation->open();
+}
+
+void EmailDetailView::showSource() {
+    m_source = new SourceSheet(this);
+    connect(m_source, &SourceSheet::copyRequested, m_state.get(), &EmailDetailState::copySource);
+    connect(m_source, &QDialog::finished, m_state.get(), [this] { m_state->showSourceSheet = false; });
+    m_source->open();
+}
+
+void EmailDetailView::focusBody() {
+    if (m_pushed)
+        return m_pushed->focusBody();
+    m_awaitsFocus = m_stack->currentWidget() != m_message;
+    if (!m_awaitsFocus)
+        m_message->focusBody();
+}
+
+void EmailDetailView::pageBody(bool down) {
+    if (m_pushed)
+        m_pushed->pageBody(down);
+    else
+        m_message->page(down);
 }

@@ -1,51 +1,68 @@
 #pragma once
 
 #include "mail/EmailDetailState.h"
+#include "mail/FocusedActions.h"
 
 #include <QPointer>
 #include <QWidget>
 
-class EmailHTMLView;
+class ConfirmationSheet;
+class EmailMessageView;
+class EmailToolbar;
 class EmptyStateView;
-class PlainTextView;
-class QScrollArea;
+class QStackedLayout;
 class QStackedWidget;
+class SourceSheet;
 class ToastPresenter;
 
-/// One opened message: header, image bar and body in one scrolling column; or what stands in its place.
+/// One opened message with the actions on it, or what stands in its place; and over it the related messages that were
+/// opened from it.
 class EmailDetailView final : public QWidget {
     Q_OBJECT
 public:
     explicit EmailDetailView(std::shared_ptr<AppState> appState, std::shared_ptr<EmailDetailState> state,
-                             QWidget *parent = nullptr);
+                             FocusedActions &actions, QWidget *parent = nullptr);
+    ~EmailDetailView() override;
+
+    /// Gives the body the focus, as soon as there is one.
+    void focusBody();
+    /// Scrolls the message by as much of it as can be seen.
+    void pageBody(bool down);
 
 Q_SIGNALS:
     /// The body of the message on show is on the screen.
     void bodyPainted();
 
 private:
-    QWidget *makeColumn();
-    QWidget *makeImageBar();
+    QWidget *makeScreen();
+    void connectState();
+    void addBackShortcuts();
     void render();
-    void renderMessage();
-    void renderBody();
+    void renderContent();
+    void renderPushed();
+    void renderSheets();
+    void showMessage();
     void showProgressSoon();
     void showPlaceholder();
-    void applyTheme();
-    EmailHTMLView *htmlView();
+    void publish();
+    void confirmBlock();
+    void showSource();
 
     std::shared_ptr<AppState> m_appState;
     std::shared_ptr<EmailDetailState> m_state;
+    QPointer<FocusedActions> m_actions;
+    QStackedLayout *m_layers;
+    EmailToolbar *m_toolbar;
     QStackedWidget *m_stack;
     QWidget *m_loading;
     EmptyStateView *m_placeholder;
-    QScrollArea *m_scroll;
-    QWidget *m_imageBar;
-    QWidget *m_bodyPlace;
-    PlainTextView *m_textView;
-    /// Made when the first HTML message is shown: the web engine is heavy.
-    QPointer<EmailHTMLView> m_htmlView;
-    ToastPresenter *m_toasts;
+    EmailMessageView *m_message;
+    QPointer<EmailDetailView> m_pushed;
+    QPointer<ConfirmationSheet> m_confirmation;
+    QPointer<SourceSheet> m_source;
+    ToastPresenter *m_actionToasts, *m_copyToasts;
     ScheduledWorkPtr m_progress;
-    std::optional<EmailWindowRef> m_shown;
+    bool m_awaitsFocus = false;
+    /// What the menu bar was told last; absent for nothing.
+    std::optional<bool> m_publishedAttachments;
 };

@@ -1,71 +1,23 @@
 #include "mail/screens/EmailHTMLView.h"
 
 #include "mail/EmailHTMLPage.h"
+#include "mail/screens/EmailHTMLInput.h"
+#include "mail/screens/EmailHTMLScripts.h"
 #include "mail/screens/PlainMailView.h"
 #include "mail/screens/ScrollingColumn.h"
 #include "platform/desktop/WebEngine.h"
 
-#include <QChildEvent>
-#include <QKeyEvent>
+#include <QFocusEvent>
 #include <QPointer>
-#include <QWheelEvent>
 
 #include <cmath>
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-const QString heightHandler = u"heightHandler"_s;
-const QString scrollHandler = u"scrolled"_s;
-const QString overflowHandler = u"overflow"_s;
-
-// The column decides where the page is scrolled to; what moves the page by itself, as a selection that is dragged over
-// the edge or a match that was found does, is reported so that the column follows.
-const QString scrollScript = uR"((() => {
-    let expected = 0;
-    window.scrollPage = offset => {
-        window.scrollTo(window.scrollX, offset);
-        expected = window.scrollY;
-    };
-    window.addEventListener('scroll', () => {
-        if (Math.abs(window.scrollY - expected) <= 1) return;
-        expected = window.scrollY;
-        window.webkit.messageHandlers.scrolled.postMessage(expected);
-    });
-})();)"_s;
-
-// What sticks out of the body, by its margins or because the mail gave the body a height of its own.
-const QString overflowScript = uR"((() => {
-    let lastOverflow = 0;
-    const heightOf = element => Math.ceil(element.getBoundingClientRect().height);
-    const report = () => {
-        const root = document.documentElement;
-        const scrolled = root.scrollHeight > window.innerHeight ? root.scrollHeight : 0;
-        const overflow = Math.max(0, Math.max(scrolled, heightOf(root)) - heightOf(document.body));
-        if (Math.abs(overflow - lastOverflow) <= 1) return;
-        lastOverflow = overflow;
-        window.webkit.messageHandlers.overflow.postMessage(overflow);
-    };
-    new ResizeObserver(report).observe(document.body);
-    document.addEventListener('load', report, true);
-    window.addEventListener('load', report);
-    report();
-})();)"_s;
-
-WebViewConfiguration configuration() {
-    return {.allowsContentJavaScript = false,
-            .userScripts = {emailHeightScript, overflowScript, scrollScript},
-            .messageHandlers = {heightHandler, overflowHandler, scrollHandler}};
-}
-
-constexpr qreal zoomStep = 1.1;
-
-} // namespace
-
 EmailHTMLView::EmailHTMLView(QWidget *parent)
     : QWidget(parent)
     , m_column(new ScrollingColumn(this))
+    , m_input(new EmailHTMLInput(m_column, this))
     , m_cover(new QWidget(this)) {
     m_cover->setAutoFillBackground(true);
     setFixedHeight(int(m_coordinator.contentHeight()));
@@ -74,15 +26,17 @@ EmailHTMLView::EmailHTMLView(QWidget *parent)
     connect(&m_coordinator, &EmailHTMLCoordinator::pageKept, this, &EmailHTMLView::webViewDidPaint);
     connect(&m_coordinator, &EmailHTMLCoordinator::contentHeightChanged, this, &EmailHTMLView::applyHeight);
     connect(&m_coordinator, &EmailHTMLCoordinator::contentHeightChanged, this, &EmailHTMLView::contentHeightChanged);
+    connect(m_input, &EmailHTMLInput::zoomChanged, this, &EmailHTMLView::applyMagnification);
+    connect(m_input, &EmailHTMLInput::movedSideways, this, &EmailHTMLView::moveSideways);
 }
 
 EmailHTMLView::~EmailHTMLView() {
     if (m_webView)
-        WebEngine::shared().recycle(std::move(m_webView), configuration());
+        WebEngine::shared().recycle(std::move(m_webView), emailWebViewConfiguration());
 }
 
 void EmailHTMLView::warmUp() {
-    WebEngine::shared().warmUp(configuration());
+    WebEngine::shared().warmUp(emailWebViewConfiguration());
 }
 
 void EmailHTMLView::setHtml(const QString &html) {
@@ -92,6 +46,16 @@ void EmailHTMLView::setHtml(const QString &html) {
     m_hasReloaded = false;
     m_cover->show();
     scheduleUpdate();
+}
+
+void EmailHTMLView::clear() {
+    if (m_inputs.html.isEmpty())
+        return;
+    m_inputs.html.clear();
+    m_coordinator.forget();
+    m_cover->show();
+    if (m_webView)
+        m_webView->load("<!DOCTYPE html>", RemoteContent::Blocked);
 }
 
 void EmailHTMLView::setTheme(const ThemeDefinition &theme) {
@@ -120,7 +84,7 @@ void EmailHTMLView::scheduleUpdate() {
 
 void EmailHTMLView::applyInputs() {
     m_updateScheduled = false;
-    if (m_webView || !m_inputs.html.isEmpty())
+    if (!m_inputs.html.isEmpty())
         m_coordinator.update(m_inputs);
 }
 
@@ -129,6 +93,9 @@ void EmailHTMLView::load(const QByteArray &page, bool showImages) {
         return showAsText(WebEngine::shared().unavailableReason());
     delete std::exchange(m_plainView, nullptr);
     m_sentOffset = -1;
+    m_fit.reset();
+    m_awaitsFit = false;
+    applyMagnification();
     setOverflow(0);
     m_webView->load(page, showImages ? RemoteContent::Drawing : RemoteContent::Blocked);
 }
@@ -136,27 +103,19 @@ void EmailHTMLView::load(const QByteArray &page, bool showImages) {
 bool EmailHTMLView::makeWebView() {
     if (m_webView)
         return true;
-    m_webView = WebEngine::shared().takeView(configuration());
+    m_webView = WebEngine::shared().takeView(emailWebViewConfiguration());
     if (!m_webView)
         return false;
     auto *widget = m_webView->widget();
     m_webView->setDelegate(this);
     m_webView->setBackgroundColor(m_inputs.theme.bgWhite);
-    m_webView->setMagnification(m_magnification);
+    m_webView->setMagnification(magnification());
     widget->setParent(this);
-    watchInput(widget);
+    m_input->watch(widget);
     place();
     widget->show();
     m_cover->raise();
     return true;
-}
-
-// The widget that gets the input is a child of the web view, which makes a new one now and then.
-void EmailHTMLView::watchInput(QObject *child) {
-    child->installEventFilter(this);
-    for (auto *grandchild : child->children())
-        if (grandchild->isWidgetType())
-            watchInput(grandchild);
 }
 
 void EmailHTMLView::dropWebView() {
@@ -178,7 +137,7 @@ void EmailHTMLView::showAsText(const QString &reason) {
 }
 
 void EmailHTMLView::applyHeight() {
-    const auto whole = std::ceil((contentHeight() + m_overflow) * m_magnification);
+    const auto whole = std::ceil((contentHeight() + m_overflow) * magnification());
     setFixedHeight(int(std::min(whole, qreal(QWIDGETSIZE_MAX))));
 }
 
@@ -186,6 +145,10 @@ void EmailHTMLView::resizeEvent(QResizeEvent *) {
     m_cover->setGeometry(rect());
     if (m_plainView)
         m_plainView->setGeometry(rect());
+    const auto before = m_fit.scale();
+    m_fit.setWidth(width());
+    if (m_fit.scale() != before)
+        applyMagnification();
 }
 
 void EmailHTMLView::setOverflow(qreal overflow) {
@@ -200,11 +163,11 @@ void EmailHTMLView::place() {
     const auto top = std::clamp(window.top(), 0, std::max(0, height() - window.height()));
     m_webView->widget()->setGeometry(0, top, width(), window.height());
     if (std::exchange(m_sentOffset, top) != top)
-        m_webView->evaluateJavaScript(u"scrollPage(%1)"_s.arg(top / m_magnification));
+        m_webView->evaluateJavaScript(u"scrollPage(%1)"_s.arg(top / magnification()));
 }
 
 void EmailHTMLView::followPage(qreal pageOffset) {
-    m_sentOffset = qRound(pageOffset * m_magnification);
+    m_sentOffset = qRound(pageOffset * magnification());
     m_column->scrollTo(m_sentOffset);
 }
 
@@ -219,21 +182,46 @@ void EmailHTMLView::webViewDidFinish() {
 }
 
 void EmailHTMLView::webViewDidPaint() {
+    if (m_awaitsFit || m_inputs.html.isEmpty())
+        return;
     m_cover->hide();
     Q_EMIT painted();
 }
 
 void EmailHTMLView::webViewDidReceiveMessage(const QString &name, const QVariant &body) {
-    if (name == heightHandler)
+    if (name == EmailHTMLHandler::height)
         m_coordinator.receiveHeight(body);
-    else if (name == scrollHandler)
+    else if (name == EmailHTMLHandler::scrolled)
         followPage(body.toDouble());
-    else if (name == overflowHandler)
+    else if (name == EmailHTMLHandler::overflow)
         setOverflow(body.toDouble());
+    else if (name == EmailHTMLHandler::width)
+        fitWidth(body.toList());
+}
+
+void EmailHTMLView::fitWidth(const QVariantList &contentAndVisible) {
+    // Whoever enlarges the message wants it larger than the view.
+    if (contentAndVisible.size() != 2 || m_input->zoom() != 1)
+        return;
+    if (m_fit.receive(contentAndVisible.first().toDouble(), contentAndVisible.last().toDouble())) {
+        m_awaitsFit = true;
+        applyMagnification();
+    } else if (std::exchange(m_awaitsFit, false)) {
+        webViewDidPaint();
+    }
+}
+
+void EmailHTMLView::moveSideways(int distance) {
+    if (m_webView)
+        m_webView->evaluateJavaScript(u"window.scrollBy(%1, 0)"_s.arg(distance / magnification()));
 }
 
 void EmailHTMLView::webViewDidActivateLink(const QUrl &url) {
     Q_EMIT linkActivated(url);
+}
+
+void EmailHTMLView::webViewDidHoverLink(const QUrl &url) {
+    Q_EMIT linkHovered(url);
 }
 
 void EmailHTMLView::webViewProcessDidTerminate() {
@@ -265,64 +253,20 @@ void EmailHTMLView::selectAll() {
         m_webView->selectAll();
 }
 
-void EmailHTMLView::zoomIn() {
-    setMagnification(m_magnification * zoomStep);
+qreal EmailHTMLView::magnification() const {
+    return m_input->zoom() * m_fit.scale();
 }
 
-void EmailHTMLView::zoomOut() {
-    setMagnification(m_magnification / zoomStep);
-}
-
-void EmailHTMLView::resetZoom() {
-    setMagnification(1);
-}
-
-void EmailHTMLView::setMagnification(qreal factor) {
-    m_magnification = std::clamp(factor, 0.25, 5.0);
+void EmailHTMLView::applyMagnification() {
     if (m_webView)
-        m_webView->setMagnification(m_magnification);
+        m_webView->setMagnification(magnification());
     applyHeight();
+    place();
 }
 
-bool EmailHTMLView::eventFilter(QObject *watched, QEvent *event) {
-    if (event->type() == QEvent::ChildAdded)
-        watchInput(static_cast<QChildEvent *>(event)->child());
-    return handleInput(event) || QWidget::eventFilter(watched, event);
-}
-
-bool EmailHTMLView::handleInput(QEvent *event) {
-    switch (event->type()) {
-    case QEvent::Wheel:
-        return handleWheel(event);
-    case QEvent::KeyPress:
-        return handleKey(event);
-    default:
-        return false;
-    }
-}
-
-// A wheel that turns sideways is the page's own affair; any other is left to the column.
-bool EmailHTMLView::handleWheel(QEvent *event) {
-    const auto *wheel = static_cast<QWheelEvent *>(event);
-    const auto turn = wheel->angleDelta();
-    if (wheel->modifiers() & Qt::ControlModifier) {
-        setMagnification(m_magnification * std::pow(zoomStep, turn.y() / 120.0));
-        return true;
-    }
-    if (std::abs(turn.x()) > std::abs(turn.y()))
-        return false;
-    return m_column->handleWheel(event);
-}
-
-bool EmailHTMLView::handleKey(QEvent *event) {
-    const auto *key = static_cast<QKeyEvent *>(event);
-    if (key->matches(QKeySequence::ZoomIn))
-        zoomIn();
-    else if (key->matches(QKeySequence::ZoomOut))
-        zoomOut();
-    else if (key->modifiers() == Qt::ControlModifier && key->key() == Qt::Key_0)
-        resetZoom();
-    else
-        return m_column->handleKey(key);
-    return true;
+void EmailHTMLView::focusInEvent(QFocusEvent *event) {
+    if (m_webView)
+        m_webView->widget()->setFocus(event->reason());
+    else if (m_plainView)
+        m_plainView->setFocus(event->reason());
 }

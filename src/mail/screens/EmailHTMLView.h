@@ -1,10 +1,12 @@
 #pragma once
 
 #include "mail/EmailHTMLCoordinator.h"
+#include "mail/EmailHTMLFit.h"
 #include "platform/desktop/WebView.h"
 
 #include <QWidget>
 
+class EmailHTMLInput;
 class PlainMailView;
 class ScrollingColumn;
 
@@ -22,6 +24,8 @@ public:
     static void warmUp();
 
     void setHtml(const QString &html);
+    /// Lets go of the message and of the memory that its page takes.
+    void clear();
     void setTheme(const ThemeDefinition &theme);
     void setShowImages(bool showImages);
     qreal contentHeight() const { return m_coordinator.contentHeight(); }
@@ -33,18 +37,17 @@ public:
 public Q_SLOTS:
     void copySelection();
     void selectAll();
-    void zoomIn();
-    void zoomOut();
-    void resetZoom();
 
 Q_SIGNALS:
     void contentHeightChanged(qreal height);
     void linkActivated(const QUrl &url);
+    /// The link under the mouse; empty when there is none any more.
+    void linkHovered(const QUrl &url);
     /// The page is on the screen.
     void painted();
 
 protected:
-    bool eventFilter(QObject *watched, QEvent *event) override;
+    void focusInEvent(QFocusEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
 
 private:
@@ -52,33 +55,37 @@ private:
     void webViewDidPaint() override;
     void webViewDidReceiveMessage(const QString &name, const QVariant &body) override;
     void webViewDidActivateLink(const QUrl &url) override;
+    void webViewDidHoverLink(const QUrl &url) override;
     void webViewProcessDidTerminate() override;
 
     void scheduleUpdate();
     void applyInputs();
     void load(const QByteArray &page, bool showImages);
     bool makeWebView();
-    void watchInput(QObject *child);
     void dropWebView();
     void showAsText(const QString &reason);
     void applyHeight();
     void setOverflow(qreal overflow);
     void place();
     void followPage(qreal pageOffset);
-    void setMagnification(qreal factor);
-    bool handleInput(QEvent *event);
-    bool handleWheel(QEvent *event);
-    bool handleKey(QEvent *event);
+    /// Takes what the page posts to the handler "width".
+    void fitWidth(const QVariantList &contentAndVisible);
+    void moveSideways(int distance);
+    qreal magnification() const;
+    void applyMagnification();
 
     EmailHTMLInputs m_inputs;
     EmailHTMLCoordinator m_coordinator;
     ScrollingColumn *m_column;
+    EmailHTMLInput *m_input;
     QWidget *m_cover;
     PlainMailView *m_plainView = nullptr;
     std::unique_ptr<WebView> m_webView;
     bool m_updateScheduled = false;
     bool m_hasReloaded = false;
-    qreal m_magnification = 1;
+    EmailHTMLFit m_fit;
+    /// The page is being laid out for another width before it may be seen.
+    bool m_awaitsFit = false;
     /// In CSS pixels below the body.
     qreal m_overflow = 0;
     int m_sentOffset = -1;

@@ -1,9 +1,9 @@
 #include "mail/screens/EmailHeaderView.h"
 
+#include "mail/screens/FaviconAvatarView.h"
 #include "mail/screens/FlowingAddresses.h"
-#include "ui/screens/AvatarView.h"
 #include "ui/screens/Buttons.h"
-#include "ui/screens/ThemeLabel.h"
+#include "ui/screens/ClampedLabel.h"
 
 #include <QHBoxLayout>
 #include <QMenu>
@@ -12,6 +12,8 @@
 namespace {
 
 constexpr int avatarSize = 40;
+/// A subject that takes more lines is cut off.
+constexpr int subjectLines = 4;
 /// A link's words begin this far inside it, and it is this tall.
 constexpr int linkPadding = 4;
 constexpr int linkHeight = 24;
@@ -21,9 +23,9 @@ constexpr int linkHeight = 24;
 EmailHeaderView::EmailHeaderView(std::shared_ptr<EmailDetailState> state, QWidget *parent)
     : QWidget(parent)
     , m_state(std::move(state))
-    , m_subject(new ThemeLabel({}, TextStyle::title2)) {
-    m_subject->setWordWrap(true);
-    m_subject->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    , m_subject(new ClampedLabel(subjectLines, TextStyle::title2)) {
+    // The keyboard opens the menu where the focus is.
+    m_subject->setFocusPolicy(Qt::TabFocus);
     m_subject->setContextMenuPolicy(Qt::CustomContextMenu);
     connect(m_subject, &QWidget::customContextMenuRequested, this, &EmailHeaderView::showSubjectMenu);
 
@@ -43,8 +45,9 @@ EmailHeaderView::EmailHeaderView(std::shared_ptr<EmailDetailState> state, QWidge
 
 QWidget *EmailHeaderView::makeSender() {
     auto *row = new QWidget;
-    m_avatar = new AvatarView(avatarSize);
-    m_sender = new ThemeLabel({}, TextStyle::headline);
+    m_avatar = new FaviconAvatarView(avatarSize);
+    m_sender = new ClampedLabel(1, TextStyle::headline);
+    m_sender->setContentsMargins(linkPadding, 0, 0, 0);
     m_address = new LinkButton({});
     m_address->setToolTip(tr("Click to copy"));
     m_date = new ThemeLabel({}, TextStyle::caption, TextRole::secondary);
@@ -52,14 +55,11 @@ QWidget *EmailHeaderView::makeSender() {
 
     auto *texts = new QVBoxLayout;
     texts->setSpacing(0);
-    texts->addWidget(m_sender, 0, Qt::AlignLeft);
-    auto *address = new QHBoxLayout;
-    address->setContentsMargins(-linkPadding, 0, 0, 0);
-    address->addWidget(m_address, 0, Qt::AlignLeft);
-    texts->addLayout(address);
+    texts->addWidget(m_sender);
+    texts->addWidget(m_address, 0, Qt::AlignLeft);
     auto *layout = new QHBoxLayout(row);
     layout->setContentsMargins(0, 0, 0, 0);
-    layout->setSpacing(12);
+    layout->setSpacing(12 - linkPadding);
     layout->addWidget(m_avatar);
     layout->addLayout(texts, 1);
     layout->addWidget(m_date, 0, Qt::AlignTop);
@@ -97,7 +97,7 @@ void EmailHeaderView::render() {
     if (!email)
         return;
     m_subject->setText(m_state->subjectText());
-    m_avatar->setPerson(m_state->senderName());
+    m_avatar->setPerson(m_state->senderDomain(), m_state->senderName());
     m_sender->setText(m_state->senderName());
     m_address->setText(literalButtonText(m_state->senderAddress()));
     m_address->setVisible(!m_state->senderAddress().isEmpty());

@@ -4,7 +4,8 @@
 
 #include <QWidget>
 
-class AvatarView;
+class ClampedLabel;
+class FaviconAvatarView;
 class FlowingAddresses;
 class LinkButton;
 class ThemeLabel;
@@ -29,9 +30,10 @@ private:
     void render();
 
     std::shared_ptr<EmailDetailState> m_state;
-    ThemeLabel *m_subject;
-    AvatarView *m_avatar;
-    ThemeLabel *m_sender, *m_date;
+    ClampedLabel *m_subject;
+    FaviconAvatarView *m_avatar;
+    ClampedLabel *m_sender;
+    ThemeLabel *m_date;
     LinkButton *m_address;
     Recipients m_to, m_cc;
 };

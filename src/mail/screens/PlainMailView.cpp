@@ -28,6 +28,7 @@ PlainMailView::PlainMailView(QWidget *parent)
     layout->addWidget(m_reason);
     layout->addWidget(m_text, 1);
     setAutoFillBackground(true);
+    setFocusProxy(m_text);
 }
 
 void PlainMailView::setReason(const QString &reason) {

@@ -1,9 +1,13 @@
 #include "mail/screens/PlainTextView.h"
 
+#include "mail/screens/PlainTextAccessible.h"
 #include "mail/screens/ScrollingColumn.h"
+#include "mail/screens/Zoom.h"
+#include "ui/screens/AppStyle.h"
 
 #include <QClipboard>
 #include <QContextMenuEvent>
+#include <QFontDatabase>
 #include <QGuiApplication>
 #include <QMenu>
 #include <QPainter>
@@ -15,6 +19,7 @@ namespace {
 
 constexpr int padding = 16;
 constexpr int fontSize = 14;
+constexpr int fixedFontSize = 13;
 /// How long one turn of measuring may keep the main thread, in milliseconds.
 constexpr int measuringSlice = 4;
 
@@ -36,9 +41,8 @@ PlainTextView::PlainTextView(QWidget *parent)
     setFocusPolicy(Qt::StrongFocus);
     setCursor(Qt::IBeamCursor);
     setAccessibleName(tr("Message text"));
-    auto textFont = font();
-    textFont.setPixelSize(fontSize);
-    setFont(textFont);
+    PlainTextAccessible::install();
+    applyFont();
 }
 
 void PlainTextView::setText(const QString &text) {
@@ -52,9 +56,26 @@ void PlainTextView::setText(const QString &text) {
     update();
 }
 
-void PlainTextView::setTheme(const ThemeDefinition &theme) {
-    m_theme = theme;
+void PlainTextView::setFixedPitch(bool isFixed) {
+    m_isFixedPitch = isFixed;
+    applyFont();
+}
+
+void PlainTextView::setHighlighter(Highlighter highlighter) {
+    m_highlighter = std::move(highlighter);
     update();
+}
+
+void PlainTextView::setZoom(qreal zoom) {
+    m_zoom = zoom;
+    applyFont();
+}
+
+void PlainTextView::applyFont() {
+    auto textFont = m_isFixedPitch ? QFontDatabase::systemFont(QFontDatabase::FixedFont) : QGuiApplication::font();
+    const int size = m_isFixedPitch ? fixedFontSize : fontSize;
+    textFont.setPixelSize(std::max(1, qRound(size * m_zoom)));
+    setFont(textFont);
 }
 
 void PlainTextView::measureNext() {
@@ -72,6 +93,8 @@ void PlainTextView::applyHeight() {
 }
 
 bool PlainTextView::event(QEvent *event) {
+    if (event->type() == QEvent::ApplicationFontChange)
+        applyFont();
     if (event->type() == QEvent::FontChange) {
         m_paragraphs.setGeometry(font(), width() - 2 * padding);
         measureNext();
@@ -92,16 +115,38 @@ void PlainTextView::paintEvent(QPaintEvent *event) {
     if (m_paragraphs.count() == 0)
         return;
     QPainter painter(this);
-    painter.setPen(m_theme.text);
+    painter.setPen(AppStyle::theme().text);
     const auto area = event->rect().translated(0, -padding);
-    const auto [from, to] = std::minmax(m_anchor, m_cursor);
     const auto last = m_paragraphs.paragraphAt(area.bottom());
     for (int number = m_paragraphs.paragraphAt(area.top()); number <= last; ++number) {
-        const auto selection =
-            selectionIn(from, to, m_paragraphs.start(number), m_paragraphs.length(number), palette());
-        const auto selections = selection.length > 0 ? QList{selection} : QList<QTextLayout::FormatRange>();
-        m_paragraphs.layout(number)->draw(&painter, QPointF(padding, padding + m_paragraphs.top(number)), selections);
+        const QPointF place(padding, padding + m_paragraphs.top(number));
+        m_paragraphs.layout(number)->draw(&painter, place, looks(number));
     }
+}
+
+QList<QTextLayout::FormatRange> PlainTextView::looks(int paragraph) const {
+    const auto start = m_paragraphs.start(paragraph), length = m_paragraphs.length(paragraph);
+    QList<QTextLayout::FormatRange> ranges;
+    if (m_highlighter)
+        ranges = m_highlighter(m_paragraphs.text().mid(start, length));
+    const auto [from, to] = std::minmax(m_anchor, m_cursor);
+    const auto selection = selectionIn(from, to, start, length, palette());
+    if (selection.length > 0)
+        ranges.append(selection);
+    return ranges;
+}
+
+QRect PlainTextView::characterRect(qsizetype position) const {
+    return m_paragraphs.count() == 0 ? QRect() : m_paragraphs.characterRect(position).translated(padding, padding);
+}
+
+void PlainTextView::scrollTo(qsizetype position) {
+    const auto place = characterRect(position);
+    const auto window = m_column->window();
+    if (place.top() < window.top())
+        m_column->scrollTo(place.top());
+    else if (place.bottom() > window.bottom())
+        m_column->scrollTo(place.bottom() - window.height());
 }
 
 qsizetype PlainTextView::positionAt(const QPointF &point) const {
@@ -112,6 +157,16 @@ void PlainTextView::select(qsizetype anchor, qsizetype cursor) {
     m_anchor = anchor;
     m_cursor = cursor;
     update(m_column->window());
+    QAccessibleTextSelectionEvent event(this, int(std::min(anchor, cursor)), int(std::max(anchor, cursor)));
+    QAccessible::updateAccessibility(&event);
+}
+
+void PlainTextView::wheelEvent(QWheelEvent *event) {
+    const auto zoom = zoomAfterWheel(m_zoom, event);
+    if (!zoom)
+        return QWidget::wheelEvent(event);
+    setZoom(*zoom);
+    event->accept();
 }
 
 void PlainTextView::mousePressEvent(QMouseEvent *event) {
@@ -154,6 +209,8 @@ void PlainTextView::keyPressEvent(QKeyEvent *event) {
         copySelection();
     else if (event->matches(QKeySequence::SelectAll))
         selectAll();
+    else if (const auto zoom = zoomAfterKey(m_zoom, event))
+        setZoom(*zoom);
     else if (!m_column->handleKey(event))
         QWidget::keyPressEvent(event);
 }

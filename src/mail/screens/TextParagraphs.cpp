@@ -104,6 +104,24 @@ qsizetype TextParagraphs::positionAt(const QPointF &point) const {
     return start(paragraph);
 }
 
+int TextParagraphs::paragraphOf(qsizetype position) const {
+    const auto startsBehind = [](qsizetype wanted, const Paragraph &paragraph) { return wanted < paragraph.start; };
+    const auto behind = std::upper_bound(m_paragraphs.begin(), m_paragraphs.end(), position, startsBehind);
+    return std::max(0, int(behind - m_paragraphs.begin()) - 1);
+}
+
+QRect TextParagraphs::characterRect(qsizetype position) const {
+    const auto paragraph = paragraphOf(position);
+    const auto laidOut = layout(paragraph);
+    const int offset = int(std::min(position - start(paragraph), length(paragraph)));
+    const auto line = laidOut->lineForTextPosition(offset);
+    if (!line.isValid())
+        return {0, top(paragraph), 1, m_paragraphs[paragraph].height};
+    const auto from = line.cursorToX(offset), to = line.cursorToX(offset + 1);
+    const QRectF place(std::min(from, to), top(paragraph) + line.y(), std::abs(to - from), line.height());
+    return place.toAlignedRect();
+}
+
 void TextParagraphs::measure(int milliseconds) {
     const auto end = Clock::shared().uptime() + Clock::Duration(milliseconds);
     const auto first = m_measured;

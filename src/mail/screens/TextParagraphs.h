@@ -21,6 +21,8 @@ public:
     int paragraphAt(int y) const;
     /// The place in the text that is nearest to the point.
     qsizetype positionAt(const QPointF &point) const;
+    /// The place of a character of the text, which must not be empty.
+    QRect characterRect(qsizetype position) const;
     /// Lays a paragraph out; its origin is the paragraph's top left corner.
     std::unique_ptr<QTextLayout> layout(int paragraph) const;
 
@@ -34,6 +36,7 @@ private:
         int height;
     };
 
+    int paragraphOf(qsizetype position) const;
     void estimate();
     void sumUp(int from);
 

@@ -44,6 +44,8 @@ public:
     }
     /// The view has refused the navigation; nothing else happens with the link.
     virtual void webViewDidActivateLink(const QUrl &url) { Q_UNUSED(url) }
+    /// The link under the mouse; empty when there is none any more.
+    virtual void webViewDidHoverLink(const QUrl &url) { Q_UNUSED(url) }
     /// The page's process is gone. `load` starts another one.
     virtual void webViewProcessDidTerminate() {}
 };

@@ -47,6 +47,11 @@ void EngineWebView::connectPage() {
         if (m_delegate)
             m_delegate->webViewDidActivateLink(url);
     });
+    connect(m_webPage.get(), &WebPage::linkHovered, this, [this](const QString &url) {
+        const QUrl link(url);
+        if (m_delegate)
+            m_delegate->webViewDidHoverLink(isPageURL(link) ? QUrl() : link);
+    });
     connect(m_webPage.get(), &QWebEnginePage::renderProcessTerminated, this, [this] {
         if (m_delegate)
             m_delegate->webViewProcessDidTerminate();

@@ -5,12 +5,22 @@
 #include "ui/screens/StyleShapes.h"
 #include "ui/screens/Symbols.h"
 
+#include <QHelpEvent>
 #include <QPainter>
+#include <QShortcut>
 #include <QStyleOptionButton>
 #include <QStylePainter>
+#include <QToolTip>
 
 QString literalButtonText(QString words) {
     return words.replace(u'&', QStringLiteral("&&"));
+}
+
+void pressWithReturn(QAbstractButton *button) {
+    for (const auto key : {Qt::Key_Return, Qt::Key_Enter}) {
+        auto *shortcut = new QShortcut(key, button, nullptr, nullptr, Qt::WidgetShortcut);
+        QObject::connect(shortcut, &QShortcut::activated, button, &QAbstractButton::click);
+    }
 }
 
 PrimaryButton::PrimaryButton(const QString &text, QWidget *parent)
@@ -53,6 +63,34 @@ LinkButton::LinkButton(const QString &text, QWidget *parent)
     setButtonRole(this, ButtonRole::link);
     setCursor(Qt::PointingHandCursor);
     setAutoDefault(false);
+    pressWithReturn(this);
+}
+
+QSize LinkButton::minimumSizeHint() const {
+    constexpr int smallestWidth = 40;
+    return {std::min(smallestWidth, sizeHint().width()), sizeHint().height()};
+}
+
+QString LinkButton::shownText() const {
+    const int padding = sizeHint().width() - fontMetrics().size(Qt::TextShowMnemonic, text()).width();
+    return fontMetrics().elidedText(text(), Qt::ElideRight, width() - padding, Qt::TextShowMnemonic);
+}
+
+bool LinkButton::event(QEvent *event) {
+    if (event->type() != QEvent::ToolTip || shownText() == text())
+        return QPushButton::event(event);
+    const auto words = QString(text()).replace(QStringLiteral("&&"), QStringLiteral("&"));
+    const auto help = toolTip().isEmpty() ? words : words + u'\n' + toolTip();
+    QToolTip::showText(static_cast<QHelpEvent *>(event)->globalPos(), help, this);
+    return true;
+}
+
+void LinkButton::paintEvent(QPaintEvent *) {
+    QStylePainter painter(this);
+    QStyleOptionButton option;
+    initStyleOption(&option);
+    option.text = shownText();
+    painter.drawControl(QStyle::CE_PushButton, option);
 }
 
 IconButton::IconButton(const QString &symbol, const QString &help, QWidget *parent)
@@ -60,6 +98,7 @@ IconButton::IconButton(const QString &symbol, const QString &help, QWidget *pare
     setSymbol(symbol);
     setHelp(help);
     setFocusPolicy(Qt::TabFocus);
+    pressWithReturn(this);
 }
 
 void IconButton::setSymbol(const QString &symbol) {
@@ -79,6 +118,7 @@ Chip::Chip(const QString &symbol, const QString &text, QWidget *parent)
     setCheckable(true);
     setAttribute(Qt::WA_Hover);
     setFocusPolicy(Qt::StrongFocus);
+    pressWithReturn(this);
 }
 
 QSize Chip::sizeHint() const {

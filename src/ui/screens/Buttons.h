@@ -10,6 +10,9 @@ class Spinner;
 /// A button's text that shows these words as they are: Qt would take "&" for the mark of a shortcut.
 QString literalButtonText(QString words);
 
+/// Lets Return press the button that has the focus, as it does by itself in dialogs alone.
+void pressWithReturn(QAbstractButton *button);
+
 /// The one button of a form that does what the form is for.
 class PrimaryButton : public QPushButton {
     Q_OBJECT
@@ -28,11 +31,21 @@ private:
     Spinner *m_spinner = nullptr;
 };
 
-/// Words that act when pressed, in the accent colour.
+/// Words that act when pressed, in the accent colour. What there is no room for is cut off with an ellipsis and shown
+/// before the help text.
 class LinkButton : public QPushButton {
     Q_OBJECT
 public:
     explicit LinkButton(const QString &text, QWidget *parent = nullptr);
+
+    QSize minimumSizeHint() const override;
+
+protected:
+    bool event(QEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
+
+private:
+    QString shownText() const;
 };
 
 /// A symbol alone; its help text is also its accessible name.

@@ -3,7 +3,18 @@
 #include "ui/FlowGeometry.h"
 
 #include <QWidget>
+#include <algorithm>
 #include <limits>
+
+namespace {
+
+/// Wanted, unless a row is too short for it.
+QSize sizeIn(int width, const QLayoutItem *item) {
+    const auto wanted = item->sizeHint();
+    return {std::min(wanted.width(), std::max(width, item->minimumSize().width())), wanted.height()};
+}
+
+} // namespace
 
 FlowLayout::FlowLayout(int spacing, QWidget *parent)
     : QLayout(parent) {
@@ -49,7 +60,7 @@ void FlowLayout::setGeometry(const QRect &rect) {
     const auto items = shownItems();
     const auto geometry = geometryFor(inner.width());
     for (size_t i = 0; i < items.size(); ++i)
-        items[i]->setGeometry({inner.topLeft() + geometry.positions[i], items[i]->sizeHint()});
+        items[i]->setGeometry({inner.topLeft() + geometry.positions[i], sizeIn(inner.width(), items[i])});
 }
 
 std::vector<QLayoutItem *> FlowLayout::shownItems() const {
@@ -64,6 +75,6 @@ std::vector<QLayoutItem *> FlowLayout::shownItems() const {
 FlowGeometry FlowLayout::geometryFor(int width) const {
     std::vector<QSize> sizes;
     for (const auto *item : shownItems())
-        sizes.push_back(item->sizeHint());
+        sizes.push_back(sizeIn(width, item));
     return flowGeometry(sizes, width, spacing());
 }

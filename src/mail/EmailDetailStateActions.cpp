@@ -1,0 +1,232 @@
+#include "ai/AIService.h"
+#include "mail/EmailDetailState.h"
+#include "platform/Tasks.h"
+#include "rules/BlockedService.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString moveFailure = u"Could not move this message. Please try again."_s;
+
+/// The last piece of an address between its "@"s; empty when there is none.
+QString lastPiece(const QString &address) {
+    const auto pieces = address.split(u'@', Qt::SkipEmptyParts);
+    return pieces.isEmpty() ? QString() : pieces.last();
+}
+
+AISpamEmail spamCandidate(const EmailDetail &email) {
+    AISpamEmail candidate;
+    candidate.subject = email.subject.value_or(QString());
+    if (email.from && !email.from->empty())
+        candidate.from = email.from->front().headerText();
+    candidate.body = email.body_text ? email.body_text : email.body_html;
+    return candidate;
+}
+
+QString percentage(double score) {
+    return QString::asprintf("%.0f%%", score * 100);
+}
+
+} // namespace
+
+void EmailDetailState::perform(MacMailAction action) {
+    if (!viewModel->email.get())
+        return;
+    switch (action) {
+    case MacMailAction::archive:
+    case MacMailAction::delete_:
+    case MacMailAction::junk:
+        return launch(move(moveTarget(action)));
+    case MacMailAction::toggleRead:
+        return launch(toggleFlag(u"seen"_s, &EmailDetail::seen));
+    case MacMailAction::flag:
+        return launch(toggleFlag(u"flagged"_s, &EmailDetail::flagged));
+    case MacMailAction::block:
+        showBlockConfirmation = true;
+        return;
+    case MacMailAction::reply:
+    case MacMailAction::replyAll:
+        return reply(action == MacMailAction::replyAll);
+    case MacMailAction::forward:
+        return forward();
+    case MacMailAction::source:
+        return launch(loadSource());
+    case MacMailAction::saveAttachments:
+        if (saveAllAttachments)
+            saveAllAttachments();
+        return;
+    case MacMailAction::refresh:
+    case MacMailAction::search:
+        return;
+    }
+}
+
+bool EmailDetailState::isSeen() const {
+    return viewModel->email.get() && viewModel->email.get()->seen.value_or(false);
+}
+
+bool EmailDetailState::isFlagged() const {
+    return viewModel->email.get() && viewModel->email.get()->flagged.value_or(false);
+}
+
+void EmailDetailState::reply(bool toAll) {
+    m_appState->composeReplyTo = *viewModel->email.get();
+    m_appState->composeReplyAll = toAll;
+    present();
+}
+
+void EmailDetailState::forward() {
+    m_appState->composeForward = *viewModel->email.get();
+    present();
+}
+
+void EmailDetailState::present() {
+    m_appState->composePresentationID = QUuid::createUuid();
+    m_appState->showCompose = true;
+}
+
+QCoro::Task<> EmailDetailState::toggleFlag(QString name, std::optional<bool> EmailDetail::*flag) {
+    const auto self = shared_from_this();
+    const auto shown = *reference.get();
+    const bool wanted = !((*viewModel->email.get()).*flag).value_or(false);
+    try {
+        co_await EmailService::setFlag(shown.uid, shown.folder, name, wanted);
+    } catch (const std::exception &) {
+        co_return;
+    }
+    if (reference.get() == shown && viewModel->email.get())
+        viewModel->email.modify([=](std::optional<EmailDetail> &email) { (*email).*flag = wanted; });
+}
+
+QString EmailDetailState::moveTarget(MacMailAction action) const {
+    switch (action) {
+    case MacMailAction::junk: {
+        const auto junk = m_appState->junkFolderPath();
+        return reference.get()->folder == junk ? u"INBOX"_s : junk;
+    }
+    case MacMailAction::archive:
+        return m_appState->archiveFolderPath();
+    default:
+        return m_appState->trashFolderPath();
+    }
+}
+
+QCoro::Task<> EmailDetailState::move(QString target) {
+    const auto self = shared_from_this();
+    const auto shown = *reference.get();
+    try {
+        co_await EmailService::moveEmail(shown.uid, shown.folder, target);
+    } catch (const std::exception &) {
+        fail(moveFailure);
+        co_return;
+    }
+    m_appState->emailsChangedInFolder = shown.folder;
+    if (reference.get() != shown)
+        co_return;
+    messageMoved = true;
+    viewModel->email = std::nullopt;
+}
+
+void EmailDetailState::fail(const QString &words) {
+    spamToast = ToastMessage(words, ToastType::error);
+}
+
+QString EmailDetailState::blockedAddress() const {
+    return senderAddress().toLower();
+}
+
+void EmailDetailState::block(bool byDomain) {
+    launch(blockSender(byDomain));
+}
+
+QCoro::Task<> EmailDetailState::blockSender(bool byDomain) {
+    const auto self = shared_from_this();
+    const auto address = blockedAddress();
+    if (!address.contains(u'@') || (byDomain && lastPiece(address).isEmpty()))
+        co_return;
+    const auto shown = *reference.get();
+    const auto pattern = byDomain ? u"*@"_s + lastPiece(address) : address;
+    try {
+        co_await BlockedService::add(u"sender"_s, pattern);
+    } catch (const std::exception &) {
+        fail(u"Could not block: "_s + errorText(std::current_exception()));
+        co_return;
+    }
+    try {
+        co_await EmailService::deleteEmail(shown.uid, shown.folder, true, u"Trash"_s);
+    } catch (const std::exception &) {
+        // The rule exists by now, and takes care of what comes next.
+    }
+    m_appState->emailsChangedInFolder = shown.folder;
+    if (reference.get() == shown)
+        Q_EMIT dismissRequested();
+}
+
+void EmailDetailState::checkSpam() {
+    if (viewModel->email.get())
+        launch(scoreSpam());
+}
+
+QCoro::Task<> EmailDetailState::scoreSpam() {
+    const auto self = shared_from_this();
+    isCheckingSpam = true;
+    const auto shown = *reference.get();
+    const std::vector<AISpamEmail> candidates{spamCandidate(*viewModel->email.get())};
+    const AIService service;
+    std::optional<double> score;
+    try {
+        const auto scores = co_await service.spamCheck(candidates);
+        if (!scores.empty())
+            score = scores.front().spam_score;
+    } catch (const std::exception &) {
+        fail(u"Spam check failed: "_s + errorText(std::current_exception()));
+    }
+    if (score)
+        co_await judge(shown, *score);
+    isCheckingSpam = false;
+}
+
+QCoro::Task<> EmailDetailState::judge(EmailWindowRef checked, double score) {
+    const auto self = shared_from_this();
+    if (score < spamScoreThreshold) {
+        spamToast = ToastMessage(u"Not spam (score: %1)"_s.arg(percentage(score)), ToastType::success);
+        co_return;
+    }
+    const auto junk = m_appState->junkFolderPath();
+    try {
+        co_await EmailService::moveEmail(checked.uid, checked.folder, junk);
+        spamToast =
+            ToastMessage(u"Spam detected (score: %1) — moved to Spam"_s.arg(percentage(score)), ToastType::warning);
+    } catch (const std::exception &) {
+        fail(moveFailure);
+    }
+}
+
+QCoro::Task<> EmailDetailState::loadSource() {
+    const auto self = shared_from_this();
+    const auto shown = *reference.get();
+    co_await viewModel->loadSource(shown.uid, shown.folder);
+    if (reference.get() == shown)
+        showSourceSheet = true;
+}
+
+std::vector<MessageCommand> EmailDetailState::moreCommands() {
+    if (!viewModel->email.get())
+        return {};
+    const auto self = shared_from_this();
+    const auto toggleRead = [self] { self->perform(MacMailAction::toggleRead); };
+    std::vector<MessageCommand> commands;
+    commands.push_back(isSeen() ? MessageCommand{u"Mark as Unread"_s, u"envelope.badge"_s, false, toggleRead}
+                                : MessageCommand{u"Mark as Read"_s, u"envelope.open"_s, false, toggleRead});
+    if (isAIAvailable(m_appState->currentUser))
+        commands.push_back({u"Check Spam (AI)"_s, u"sparkles"_s, false, [self] { self->checkSpam(); }});
+    const auto address = blockedAddress();
+    if (address.contains(u'@'))
+        commands.push_back({u"Block "_s + address, u"nosign"_s, true, [self] { self->block(false); }});
+    if (address.contains(u'@') && !lastPiece(address).isEmpty())
+        commands.push_back(
+            {u"Block *@"_s + lastPiece(address), u"at.badge.minus"_s, true, [self] { self->block(true); }});
+    commands.push_back({u"View Source"_s, u"doc.text"_s, false, [self] { self->perform(MacMailAction::source); }});
+    return commands;
+}

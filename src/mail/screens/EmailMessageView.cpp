@@ -1,0 +1,95 @@
+#include "mail/screens/EmailMessageView.h"
+
+#include "mail/screens/EmailActionBar.h"
+#include "mail/screens/EmailBodyView.h"
+#include "mail/screens/EmailHeaderView.h"
+#include "mail/screens/LinkTargetLabel.h"
+#include "mail/screens/ThreadSection.h"
+#include "ui/screens/Buttons.h"
+#include "ui/screens/Symbols.h"
+#include "ui/screens/ThemeLabel.h"
+
+#include <QHBoxLayout>
+#include <QScrollBar>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+EmailMessageView::EmailMessageView(std::shared_ptr<AppState> appState, std::shared_ptr<EmailDetailState> state,
+                                   QWidget *parent)
+    : QScrollArea(parent)
+    , m_state(std::move(state))
+    , m_imageBar(makeImageBar())
+    , m_body(new EmailBodyView(std::move(appState), m_state))
+    , m_linkTarget(new LinkTargetLabel(this)) {
+    setWidgetResizable(true);
+    setFrameShape(QFrame::NoFrame);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setFocusPolicy(Qt::NoFocus);
+    setWidget(makeColumn());
+    // The background behind the whole view shows through.
+    viewport()->setAutoFillBackground(false);
+    widget()->setAutoFillBackground(false);
+    connect(m_body, &EmailBodyView::painted, this, &EmailMessageView::bodyPainted);
+    connect(m_body, &EmailBodyView::linkHovered, m_linkTarget, &LinkTargetLabel::setTarget);
+}
+
+QWidget *EmailMessageView::makeColumn() {
+    auto *column = new QWidget;
+    auto *layout = new QVBoxLayout(column);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(new EmailHeaderView(m_state));
+    layout->addWidget(m_imageBar);
+    layout->addWidget(m_body);
+    layout->addWidget(new ThreadSection(m_state));
+    layout->addWidget(new EmailActionBar(m_state));
+    layout->addStretch(1);
+    return column;
+}
+
+QWidget *EmailMessageView::makeImageBar() {
+    auto *bar = new QWidget;
+    auto *button = new QPushButton(tr("Show Images"));
+    button->setAccessibleName(button->text());
+    button->setIcon(symbolIcon(u"photo"_s));
+    pressWithReturn(button);
+    auto *note =
+        new ThemeLabel(tr("Images are hidden to protect your privacy."), TextStyle::footnote, TextRole::secondary);
+    note->setWordWrap(true);
+    connect(button, &QPushButton::clicked, this, &EmailMessageView::showImages);
+    auto *layout = new QHBoxLayout(bar);
+    layout->setContentsMargins(20, 0, 20, 10);
+    layout->setSpacing(10);
+    layout->addWidget(button);
+    layout->addWidget(note, 1);
+    return bar;
+}
+
+// The button that had the focus goes away.
+void EmailMessageView::showImages() {
+    m_state->showImages();
+    m_body->setFocus();
+}
+
+void EmailMessageView::render() {
+    m_imageBar->setVisible(m_state->offersImages());
+    m_body->render();
+    const auto reference = m_state->reference.get();
+    if (std::exchange(m_shown, reference) != reference)
+        verticalScrollBar()->setValue(0);
+}
+
+void EmailMessageView::clear() {
+    m_shown = std::nullopt;
+    m_linkTarget->setTarget({});
+    m_body->clear();
+}
+
+void EmailMessageView::focusBody() {
+    m_body->setFocus();
+}
+
+void EmailMessageView::page(bool down) {
+    verticalScrollBar()->triggerAction(down ? QAbstractSlider::SliderPageStepAdd : QAbstractSlider::SliderPageStepSub);
+}
