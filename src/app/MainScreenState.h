@@ -1,20 +1,9 @@
 #pragma once
 
 #include "app/AppState.h"
+#include "mail/EmailDragData.h"
 #include "platform/Tasks.h"
 #include "ui/ToastMessage.h"
-
-/// A message as it is dragged.
-struct EmailDragData {
-    qint64 uid = 0;
-    /// The real path of its folder.
-    QString folder;
-
-    bool operator==(const EmailDragData &) const = default;
-};
-template <>
-inline constexpr auto jsonFields<EmailDragData> = jsonRecord(jsonField("uid", &EmailDragData::uid),
-                                                             jsonField("folder", &EmailDragData::folder));
 
 /// The state of the main screen: the folder list and the folder on show. It answers the requests that other parts leave
 /// in `AppState`, and the live events that concern folders.

@@ -170,3 +170,8 @@ QVariant EmailListModel::data(const QModelIndex &index, int role) const {
         return {};
     }
 }
+
+Qt::ItemFlags EmailListModel::flags(const QModelIndex &index) const {
+    const auto flags = QAbstractListModel::flags(index);
+    return index.isValid() ? flags | Qt::ItemIsDragEnabled : flags;
+}

@@ -3,6 +3,8 @@
 #include "mail/FolderService.h"
 #include "mail/Folders.h"
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -32,16 +34,22 @@ ViewTexts emptyFolderTexts(const MailFolder &folder) {
 std::shared_ptr<EmailListState> EmailListState::make(std::shared_ptr<AppState> appState) {
     const std::shared_ptr<EmailListState> state(new EmailListState(std::move(appState)));
     connect(state->viewModel.get(), &ObservableObject::changed, state.get(), &EmailListState::takeModelChange);
+    connect(state->filters.get(), &EmailListFilters::reloadRequested, state.get(), &EmailListState::reload);
     connect(state->m_appState.get(), &ObservableObject::changed, state.get(), &EmailListState::answerChangedFolder);
+    state->m_wasConnected = state->m_appState->sseClient.isConnected;
+    connect(&state->m_appState->sseClient, &ObservableObject::changed, state.get(),
+            &EmailListState::answerReconnection);
     return state;
 }
 
 EmailListState::EmailListState(std::shared_ptr<AppState> appState)
-    : m_appState(std::move(appState)) {}
+    : actions(std::make_shared<EmailListActions>(appState, viewModel))
+    , m_appState(std::move(appState)) {}
 
 void EmailListState::setFolder(const MailFolder &shown) {
     const bool isOther = shown.path != folder->path;
     folder = shown;
+    actions->requestFolder = requestFolder();
     if (isOther)
         startFolder();
 }
@@ -79,9 +87,23 @@ ViewTexts EmailListState::placeholder() const {
             error->isEmpty() ? u"An error occurred. Pull down to retry."_s : *error};
 }
 
+bool EmailListState::knowsCount() const {
+    return content() == Content::rows || content() == Content::empty;
+}
+
 QString EmailListState::countText() const {
+    if (!knowsCount())
+        return {};
     const auto total = viewModel->totalEmails.get();
     return total == 1 ? u"1 message"_s : u"%1 messages"_s.arg(total);
+}
+
+QString EmailListState::pageText() const {
+    return knowsCount() ? viewModel->pageInfoText() : QString();
+}
+
+std::optional<QString> EmailListState::refreshFailure() const {
+    return content() == Content::rows ? viewModel->errorMessage.get() : std::nullopt;
 }
 
 void EmailListState::startFolder() {
@@ -118,6 +140,7 @@ QCoro::Task<> EmailListState::loadFolder(QString path, std::stop_token stop) {
 
 void EmailListState::close() {
     m_appState->disconnect(this);
+    QObject::disconnect(&m_appState->sseClient, nullptr, this, nullptr);
     m_folderTask.cancel();
     m_searchTask.cancel();
 }
@@ -183,12 +206,68 @@ void EmailListState::openInWindow(qint64 uid) {
     Q_EMIT emailWindowRequested({uid, requestFolder()});
 }
 
+std::optional<EmailSummary> EmailListState::email(qint64 uid) const {
+    const auto &emails = viewModel->emails.get();
+    const auto found =
+        std::find_if(emails.begin(), emails.end(), [uid](const EmailSummary &email) { return email.uid == uid; });
+    return found == emails.end() ? std::nullopt : std::optional(*found);
+}
+
+std::vector<EmailDragData> EmailListState::dragData(qint64 uid) const {
+    const auto &selected = viewModel->selectedEmails.get();
+    if (!selected.contains(uid))
+        return {{uid, requestFolder()}};
+    std::vector<EmailDragData> items;
+    for (const auto &email : viewModel->emails.get())
+        if (selected.contains(email.uid))
+            items.push_back({email.uid, requestFolder()});
+    return items;
+}
+
+void EmailListState::perform(MacMailAction action) {
+    switch (action) {
+    case MacMailAction::refresh:
+        return reload();
+    case MacMailAction::search:
+        searchFocused = true;
+        return;
+    case MacMailAction::archive:
+        return actions->archiveSelected();
+    case MacMailAction::delete_:
+        return actions->deleteSelected();
+    case MacMailAction::toggleRead:
+        return actions->toggleReadOfSelected();
+    case MacMailAction::flag:
+        return actions->toggleFlagOfSelected();
+    case MacMailAction::junk:
+        return actions->toggleSpamOfSelected();
+    case MacMailAction::block:
+        actions->showBlockConfirm = true;
+        return;
+    default:
+        // The rest belongs to the opened message.
+        return;
+    }
+}
+
 void EmailListState::answerChangedFolder() {
     const auto changedFolder = m_appState->emailsChangedInFolder.get();
     if (std::exchange(m_signalledFolder, changedFolder) == changedFolder || !concerns(changedFolder))
         return;
     m_appState->emailsChangedInFolder = std::nullopt;
     launch(viewModel->load(requestFolder(), 1, isFavorites()));
+}
+
+/// What the list shows may be out of date after a time without events, or may never have come.
+void EmailListState::answerReconnection() {
+    const bool isConnected = m_appState->sseClient.isConnected;
+    const bool wasConnected = std::exchange(m_wasConnected, isConnected);
+    if (wasConnected && !isConnected)
+        m_missedEvents = true;
+    if (!isConnected || wasConnected)
+        return;
+    if (std::exchange(m_missedEvents, false) || viewModel->errorMessage.get())
+        reload();
 }
 
 bool EmailListState::concerns(const std::optional<QString> &folderPath) const {

@@ -1,6 +1,9 @@
 #pragma once
 
 #include "app/AppState.h"
+#include "mail/EmailDragData.h"
+#include "mail/EmailListActions.h"
+#include "mail/EmailListFilters.h"
 #include "mail/EmailListModel.h"
 #include "mail/EmailWindowRef.h"
 #include "mail/MailboxViewModel.h"
@@ -19,11 +22,16 @@ public:
     const std::shared_ptr<MailboxViewModel> viewModel = std::make_shared<MailboxViewModel>();
     /// The rows of `viewModel`, changed as little as possible at each load.
     EmailListModel rows;
+    const std::shared_ptr<EmailListFilters> filters = std::make_shared<EmailListFilters>(viewModel);
+    const std::shared_ptr<EmailListActions> actions;
 
     Published<MailFolder> folder{this};
     /// The folder whose first load has ended.
     Published<std::optional<QString>> loadedFolderPath{this};
+    /// The targets of the menus that move messages.
     Published<std::vector<MailFolder>> contextMenuFolders{this};
+    /// The search box is to take the keyboard focus.
+    Published<bool> searchFocused{this, false};
 
     /// Shows another folder, or takes what has changed about the present one.
     void setFolder(const MailFolder &shown);
@@ -33,8 +41,12 @@ public:
     Content content() const;
     /// What to show in place of rows when there are none.
     ViewTexts placeholder() const;
-    /// "1 message", "120 messages".
+    /// "1 message", "120 messages"; empty while nobody knows.
     QString countText() const;
+    /// "1-50 of 120"; empty while nobody knows.
+    QString pageText() const;
+    /// Why the rows on show could not be read again.
+    std::optional<QString> refreshFailure() const;
     bool isSentFolder() const;
     bool showsStars() const;
 
@@ -48,6 +60,12 @@ public:
     void submitSearch();
     void setSelection(const std::set<qint64> &uids);
     void openInWindow(qint64 uid);
+    /// The message of a row, absent when it is no longer in the list.
+    std::optional<EmailSummary> email(qint64 uid) const;
+    /// What is dragged with this row: all selected ones when it is one of them, in the list's order.
+    std::vector<EmailDragData> dragData(qint64 uid) const;
+    /// Does what the menu bar asks of a message list.
+    void perform(MacMailAction action);
 
 Q_SIGNALS:
     void emailWindowRequested(const EmailWindowRef &reference);
@@ -60,6 +78,8 @@ private:
     QCoro::Task<> loadFolder(QString path, std::stop_token stop);
     static QCoro::Task<> searchLater(std::weak_ptr<EmailListState> screen, std::stop_token stop);
     void answerChangedFolder();
+    void answerReconnection();
+    bool knowsCount() const;
     bool concerns(const std::optional<QString> &folderPath) const;
     void takeModelChange();
     void followSelection();
@@ -68,6 +88,9 @@ private:
     QString m_lastSearch;
     /// The folder that was signalled last, for whomever it was meant.
     std::optional<QString> m_signalledFolder;
+    /// The event stream broke off: what happened since is not known.
+    bool m_missedEvents = false;
+    bool m_wasConnected = false;
     /// The selection from which the message on show was taken last.
     std::set<qint64> m_followedSelection;
     TaskSlot m_folderTask, m_searchTask;

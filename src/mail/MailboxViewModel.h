@@ -90,10 +90,14 @@ private:
     void startWidgetUpdate(const QString &folder);
 
     std::vector<qint64> selectedUIDs() const;
-    void removeLocally(const std::vector<qint64> &uids);
+    /// Another folder may be on show by the time that a change is made; its uids mean other messages.
+    bool shows(const QString &folder) const;
+    void removeLocally(const QString &folder, const std::vector<qint64> &uids);
     void removeFromList(const std::vector<qint64> &uids);
-    void setLocally(const std::vector<qint64> &uids, Flag flag, bool value);
-    QCoro::Task<> bulkRemove(QCoro::Task<> change, std::vector<qint64> uids);
+    void deselect(const std::set<qint64> &uids);
+    void deselectAll(const QString &folder);
+    void setLocally(const QString &folder, const std::vector<qint64> &uids, Flag flag, bool value);
+    QCoro::Task<> bulkRemove(QCoro::Task<> change, QString folder, std::vector<qint64> uids);
     QCoro::Task<> bulkSet(QString folder, QString name, Flag flag, bool value);
 
     EmailService m_emailService;

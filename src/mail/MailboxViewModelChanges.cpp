@@ -43,14 +43,27 @@ std::set<QString> blockPatterns(const std::vector<QString> &addresses, bool byDo
 } // namespace
 
 void MailboxViewModel::markSeenLocally(qint64 uid) {
-    setLocally({uid}, &EmailSummary::seen, true);
+    setLocally(loadedFolder, {uid}, &EmailSummary::seen, true);
+}
+
+bool MailboxViewModel::shows(const QString &folder) const {
+    return loadedFolder.get() == folder;
 }
 
 void MailboxViewModel::removeRows(const std::set<qint64> &uids) {
     removeFromList({uids.begin(), uids.end()});
+    deselect(uids);
+}
+
+void MailboxViewModel::deselect(const std::set<qint64> &uids) {
     auto selection = selectedEmails.get();
     std::erase_if(selection, [&](qint64 uid) { return uids.contains(uid); });
     selectedEmails = std::move(selection);
+}
+
+void MailboxViewModel::deselectAll(const QString &folder) {
+    if (shows(folder))
+        selectedEmails = {};
 }
 
 void MailboxViewModel::removeFromList(const std::vector<qint64> &uids) {
@@ -60,12 +73,16 @@ void MailboxViewModel::removeFromList(const std::vector<qint64> &uids) {
     emails = std::move(rows);
 }
 
-void MailboxViewModel::removeLocally(const std::vector<qint64> &uids) {
+void MailboxViewModel::removeLocally(const QString &folder, const std::vector<qint64> &uids) {
+    if (!shows(folder))
+        return;
     removeFromList(uids);
     totalEmails = std::max<qint64>(0, totalEmails - qint64(uids.size()));
 }
 
-void MailboxViewModel::setLocally(const std::vector<qint64> &uids, Flag flag, bool value) {
+void MailboxViewModel::setLocally(const QString &folder, const std::vector<qint64> &uids, Flag flag, bool value) {
+    if (!shows(folder))
+        return;
     auto rows = emails.get();
     for (const auto uid : uids) {
         const auto row =
@@ -80,23 +97,23 @@ QCoro::Task<> MailboxViewModel::deleteOne(qint64 uid, QString folder, QString to
     const auto self = shared_from_this();
     const bool done = co_await accepted(m_emailService.deleteEmail(uid, folder, false, toFolder));
     if (done)
-        removeLocally({uid});
+        removeLocally(folder, {uid});
 }
 
 QCoro::Task<> MailboxViewModel::moveOne(qint64 uid, QString fromFolder, QString toFolder) {
     const auto self = shared_from_this();
     const bool done = co_await accepted(m_emailService.moveEmail(uid, fromFolder, toFolder));
     if (done)
-        removeLocally({uid});
+        removeLocally(fromFolder, {uid});
 }
 
 QCoro::Task<> MailboxViewModel::flagOne(qint64 uid, QString folder, QString flag, bool value) {
     const auto self = shared_from_this();
     const bool done = co_await accepted(m_emailService.setFlag(uid, folder, flag, value));
     if (done && flag == "flagged"_L1)
-        setLocally({uid}, &EmailSummary::flagged, value);
+        setLocally(folder, {uid}, &EmailSummary::flagged, value);
     if (done && flag == "seen"_L1)
-        setLocally({uid}, &EmailSummary::seen, value);
+        setLocally(folder, {uid}, &EmailSummary::seen, value);
 }
 
 std::vector<qint64> MailboxViewModel::selectedUIDs() const {
@@ -107,23 +124,23 @@ QCoro::Task<> MailboxViewModel::bulkDelete(QString folder, QString toFolder) {
     const auto self = shared_from_this();
     const auto uids = selectedUIDs();
     if (!uids.empty())
-        co_await bulkRemove(m_emailService.bulkDeleteEmails(uids, folder, false, toFolder), uids);
+        co_await bulkRemove(m_emailService.bulkDeleteEmails(uids, folder, false, toFolder), folder, uids);
 }
 
 QCoro::Task<> MailboxViewModel::bulkMove(QString fromFolder, QString toFolder) {
     const auto self = shared_from_this();
     const auto uids = selectedUIDs();
     if (!uids.empty())
-        co_await bulkRemove(m_emailService.bulkMoveEmails(uids, fromFolder, toFolder), uids);
+        co_await bulkRemove(m_emailService.bulkMoveEmails(uids, fromFolder, toFolder), fromFolder, uids);
 }
 
-QCoro::Task<> MailboxViewModel::bulkRemove(QCoro::Task<> change, std::vector<qint64> uids) {
+QCoro::Task<> MailboxViewModel::bulkRemove(QCoro::Task<> change, QString folder, std::vector<qint64> uids) {
     const auto self = shared_from_this();
     const bool done = co_await accepted(std::move(change));
     if (!done)
         co_return;
-    removeLocally(uids);
-    selectedEmails = {};
+    removeLocally(folder, uids);
+    deselectAll(folder);
     if (uids.size() >= backgroundJobSize)
         launch(watchBackgroundJobs(weak_from_this()));
 }
@@ -147,7 +164,7 @@ QCoro::Task<> MailboxViewModel::bulkSet(QString folder, QString name, Flag flag,
         co_return;
     const bool done = co_await accepted(m_emailService.bulkSetFlag(uids, folder, name, value));
     if (done)
-        setLocally(uids, flag, value);
+        setLocally(folder, uids, flag, value);
 }
 
 std::vector<QString> MailboxViewModel::selectedSenders() const {
@@ -161,6 +178,8 @@ std::vector<QString> MailboxViewModel::selectedSenders() const {
 
 QCoro::Task<qint64> MailboxViewModel::blockSelected(QString folder, bool byDomain) {
     const auto self = shared_from_this();
+    // What was confirmed is deleted, whatever is selected by the time that the rules exist.
+    const auto uids = selectedUIDs();
     qint64 added = 0;
     for (const auto &pattern : blockPatterns(selectedSenders(), byDomain)) {
         const bool done = co_await accepted(BlockedService::add(u"sender"_s, pattern));
@@ -168,11 +187,10 @@ QCoro::Task<qint64> MailboxViewModel::blockSelected(QString folder, bool byDomai
     }
     if (added == 0)
         co_return 0;
-    const auto uids = selectedUIDs();
     // The rule exists by now, so the rows go either way.
     co_await accepted(m_emailService.bulkDeleteEmails(uids, folder, true, u"Trash"_s));
-    removeLocally(uids);
-    selectedEmails = {};
+    removeLocally(folder, uids);
+    deselectAll(folder);
     co_return added;
 }
 
@@ -186,9 +204,8 @@ QCoro::Task<std::optional<QString>> MailboxViewModel::blockOne(EmailSummary emai
     if (!added)
         co_return std::nullopt;
     co_await accepted(m_emailService.deleteEmail(email.uid, folder, true, u"Trash"_s));
-    removeLocally({email.uid});
-    auto selection = selectedEmails.get();
-    selection.erase(email.uid);
-    selectedEmails = std::move(selection);
+    removeLocally(folder, {email.uid});
+    if (shows(folder))
+        deselect({email.uid});
     co_return pattern;
 }

@@ -1,7 +1,4 @@
-#include "mail/EmailListState.h"
-
-#include "app/AppStateFixture.h"
-#include "mail/MailAnswers.h"
+#include "mail/EmailListFixture.h"
 
 #include <QSignalSpy>
 #include <gmock/gmock.h>
@@ -13,59 +10,6 @@ using testing::IsEmpty;
 using Content = EmailListState::Content;
 
 namespace {
-
-MailFolder folderAt(const QString &path, const std::optional<QString> &type = std::nullopt) {
-    return {.path = path, .name = path, .type = type};
-}
-
-class EmailListTest : public CoreTest, protected AppStateFixture {
-protected:
-    void SetUp() override {
-        list = EmailListState::make(state);
-        server.expect("GET", "/api/emails/notification-state?folder=INBOX").answer(500).anyNumberOfTimes();
-    }
-    void TearDown() override {
-        settle();
-        list.reset();
-        state.reset();
-        CoreTest::TearDown();
-    }
-
-    FakeExchange &expectPage(const QByteArray &folder, const QByteArray &rest = {}) {
-        return server.expect("GET", "/api/emails/list?folder=" + folder + "&page=1&per_page=50" + rest);
-    }
-    void expectStart(const QByteArray &folder) {
-        server.expect("GET", "/api/emails/cached?folder=" + folder + "&page=1&per_page=50").answer(500);
-        server.expect("GET", "/api/folders/cached").json(R"({"folders": [{"path": "Work", "name": "Work"}]})");
-    }
-    /// Opens the folder "Work" with these messages.
-    void open(const std::vector<qint64> &uids, int total = 2, int pages = 1) {
-        expectStart("Work");
-        expectPage("Work").json(pageJSON(emptyEmails(uids), total, pages));
-        list->setFolder(folderAt(u"Work"_s));
-        settle();
-    }
-    void reload(const std::vector<qint64> &uids) {
-        expectPage("Work").json(pageJSON(emptyEmails(uids)));
-        list->reload();
-        settle();
-    }
-    void type(const QString &text) {
-        for (int length = 1; length <= text.size(); ++length)
-            list->setSearchQuery(text.first(length));
-    }
-
-    std::vector<qint64> uids() const {
-        std::vector<qint64> shown;
-        for (int number = 0; number < list->rows.rowCount(); ++number)
-            shown.push_back(list->rows.row(number).uid);
-        return shown;
-    }
-    std::optional<qint64> openUID() const { return state->selectedEmailUID; }
-
-    ManualClock clock;
-    std::shared_ptr<EmailListState> list;
-};
 
 struct EmptyFolder {
     const char *name;
@@ -331,6 +275,65 @@ TEST_F(EmailListTest, ReloadsForTheFirstOfTwoFoldersThatChangeInOneTurn) {
     EXPECT_THAT(uids(), ElementsAre(2));
 }
 
+TEST_F(EmailListTest, ReadsTheFolderOnceThatChangedBeforeItWasOpened) {
+    open({1});
+    state->emailsChangedInFolder = u"Other"_s;
+    settle();
+    EXPECT_EQ(state->emailsChangedInFolder.get(), u"Other"_s);
+    expectStart("Other");
+    auto &page = expectPage("Other").json(pageJSON(emptyEmails({2})));
+    list->setFolder(folderAt(u"Other"_s));
+    settle();
+    EXPECT_EQ(page.arrivals(), 1);
+    EXPECT_EQ(state->emailsChangedInFolder.get(), std::nullopt);
+    expectPage("Other").json(pageJSON(emptyEmails({3})));
+    receive(u"emails_changed"_s, R"({"folder": "Other"})");
+    settle();
+    EXPECT_THAT(uids(), ElementsAre(3));
+}
+
+TEST_F(EmailListTest, ReadsThePageAgainAfterATimeWithoutEvents) {
+    state->sseClient.isConnected = true;
+    open({1}, 120, 3);
+    list->viewModel->currentPage = 2;
+    state->sseClient.isConnected = false;
+    settle();
+    server.assertSilence();
+    server.expect("GET", "/api/emails/list?folder=Work&page=2&per_page=50").json(pageJSON(emptyEmails({7}), 120, 3));
+    state->sseClient.isConnected = true;
+    deliverQueuedEvents();
+    settle();
+    EXPECT_THAT(uids(), ElementsAre(7));
+}
+
+TEST_F(EmailListTest, TriesAgainWhenTheServerIsBack) {
+    expectStart("Work");
+    expectPage("Work").answer(500);
+    list->setFolder(folderAt(u"Work"_s));
+    settle();
+    ASSERT_EQ(list->content(), Content::failure);
+    server.expect("GET", "/api/emails/cached?folder=Work&page=1&per_page=50").answer(500);
+    expectPage("Work").json(pageJSON(emptyEmails({7})));
+    state->sseClient.isConnected = true;
+    deliverQueuedEvents();
+    settle();
+    EXPECT_EQ(list->content(), Content::rows);
+}
+
+TEST_F(EmailListTest, AnswersNobodyOnceItIsClosed) {
+    open({1, 2});
+    state->sseClient.isConnected = true;
+    settle();
+    list->close();
+    state->emailsChangedInFolder = u"Work"_s;
+    state->sseClient.isConnected = false;
+    settle();
+    state->sseClient.isConnected = true;
+    settle();
+    server.assertSilence();
+    EXPECT_EQ(state->emailsChangedInFolder.get(), u"Work"_s);
+}
+
 TEST_F(EmailListTest, OpensASingleSelection) {
     open({1, 2, 3});
     list->setSelection({2});
@@ -389,6 +392,9 @@ TEST_F(EmailListTest, OpensWindowsWithTheRealFolder) {
 }
 
 TEST_F(EmailListTest, CountsMessages) {
+    EXPECT_EQ(list->countText(), QString());
+    EXPECT_EQ(list->pageText(), QString());
+    open({});
     for (const auto &[total, text] :
          {std::pair{0, u"0 messages"_s}, std::pair{1, u"1 message"_s}, std::pair{120, u"120 messages"_s}}) {
         list->viewModel->totalEmails = total;

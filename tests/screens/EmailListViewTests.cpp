@@ -34,7 +34,7 @@ protected:
         server.expect("GET", "/api/emails/cached?folder=Work&page=1&per_page=50").answer(500).anyNumberOfTimes();
         server.expect("GET", "/api/folders/cached").answer(500).anyNumberOfTimes();
         list = EmailListState::make(state);
-        view = std::make_unique<EmailListView>(list);
+        view = std::make_unique<EmailListView>(list, actions);
         view->resize(360, 600);
         showActive(*view);
     }
@@ -72,6 +72,7 @@ protected:
 
     ManualClock clock;
     std::shared_ptr<EmailListState> list;
+    FocusedActions actions;
     std::unique_ptr<EmailListView> view;
 };
 
@@ -145,6 +146,58 @@ TEST_F(ListScreen, IsWalkedThroughWithTheKeyboard) {
     EXPECT_THAT(selected(), ElementsAre(1, 2, 3, 4));
     press(Qt::Key_End);
     EXPECT_THAT(selected(), ElementsAre(4));
+}
+
+TEST_F(ListScreen, SelectsTheFirstRowWithTheFirstStep) {
+    open({1, 2, 3});
+    press(Qt::Key_Down);
+    EXPECT_THAT(selected(), ElementsAre(1));
+    press(Qt::Key_Down);
+    EXPECT_THAT(selected(), ElementsAre(2));
+    reload({1, 3});
+    ASSERT_THAT(selected(), IsEmpty());
+    const auto reached = currentUID();
+    press(Qt::Key_Up);
+    EXPECT_THAT(selected(), ElementsAre(reached));
+}
+
+TEST_F(ListScreen, LeavesTypedLettersToOthers) {
+    open({1, 2, 3});
+    click(0);
+    for (const auto key : {Qt::Key_S, Qt::Key_1, Qt::Key_Slash}) {
+        QKeyEvent typed(QEvent::KeyPress, key, Qt::NoModifier, QString(QChar(key)));
+        QCoreApplication::sendEvent(&rows(), &typed);
+        EXPECT_FALSE(typed.isAccepted());
+    }
+    EXPECT_THAT(selected(), ElementsAre(1));
+}
+
+TEST_F(ListScreen, PagesTheOpenedMessageWithSpace) {
+    open({1, 2, 3});
+    click(1);
+    QSignalSpy pages(view.get(), &EmailListView::pageMessageRequested);
+    press(Qt::Key_Space);
+    press(Qt::Key_Space, Qt::ShiftModifier);
+    ASSERT_EQ(pages.count(), 2);
+    EXPECT_TRUE(pages[0][0].toBool());
+    EXPECT_FALSE(pages[1][0].toBool());
+    EXPECT_THAT(selected(), ElementsAre(2));
+}
+
+TEST_F(ListScreen, ShowsNoSelectionOfTheInboxAmongTheFavorites) {
+    server.expect("GET", "/api/emails/cached?folder=INBOX&page=1&per_page=50").answer(500);
+    server.expect("GET", "/api/emails/notification-state?folder=INBOX").answer(500).anyNumberOfTimes();
+    server.expect("GET", "/api/emails/list?folder=INBOX&page=1&per_page=50").json(pageJSON(emptyEmails({1, 2})));
+    list->setFolder({.path = u"INBOX"_s, .name = u"INBOX"_s, .type = u"inbox"_s});
+    settle();
+    click(1);
+    server.expect("GET", "/api/emails/list?flagged=1&folder=INBOX&page=1&per_page=50").json(pageJSON(emptyEmails({2})));
+    list->setFolder(favoritesFolder());
+    settle();
+    EXPECT_THAT(selected(), IsEmpty());
+    EXPECT_FALSE(rows().selectionModel()->hasSelection());
+    click(0);
+    EXPECT_THAT(selected(), ElementsAre(2));
 }
 
 TEST_F(ListScreen, OpensAWindowByReturnAndDoubleClick) {
@@ -240,6 +293,23 @@ TEST_F(ListScreen, SaysWhyItCouldNotLoad) {
     settle();
     EXPECT_TRUE(showsText(*view, u"Could not load emails"_s));
     EXPECT_TRUE(showsText(*view, u"Mailbox is locked"_s));
+    EXPECT_FALSE(showsText(*view, u"0 messages"_s));
+    EXPECT_FALSE(showsText(*view, u"No emails"_s));
+    expectPage().json(pageJSON(emptyEmails({1}), 1));
+    visibleNamed<QPushButton>(*view, u"Try Again"_s)->click();
+    settle();
+    EXPECT_TRUE(showsText(*view, u"1 message"_s));
+}
+
+TEST_F(ListScreen, SaysThatTheRowsAreNotTheNewest) {
+    open({1, 2});
+    expectPage().json(R"({"error": "Mailbox is locked"})", 503);
+    list->reload();
+    settle();
+    EXPECT_TRUE(rows().isVisible());
+    EXPECT_TRUE(showsText(*view, u"Could not refresh"_s));
+    reload({1, 2});
+    EXPECT_FALSE(showsText(*view, u"Could not refresh"_s));
 }
 
 TEST_F(ListScreen, NamesEverythingThatTakesTheFocus) {

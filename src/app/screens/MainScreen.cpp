@@ -59,7 +59,7 @@ QWidget *MainScreen::makeMailView() {
     m_listColumn = new QStackedWidget;
     m_noFolder =
         new EmptyStateView({QStringLiteral("folder"), tr("Select a folder"), tr("Choose a folder from the sidebar")});
-    m_list = new EmailListView(m_listState);
+    m_list = new EmailListView(m_listState, m_focusedActions);
     m_listColumn->addWidget(m_noFolder);
     m_listColumn->addWidget(m_list);
     auto *message = new MailThemeBackground(true);

@@ -1,29 +1,38 @@
 #include "mail/screens/EmailListView.h"
 
+#include "mail/EmailListMenus.h"
+#include "mail/FaviconStore.h"
 #include "mail/Folders.h"
+#include "mail/screens/EmailDrag.h"
+#include "mail/screens/EmailListSheets.h"
+#include "mail/screens/EmailListStatusBar.h"
+#include "mail/screens/EmailListToolbar.h"
 #include "mail/screens/EmailRowDelegate.h"
-#include "ui/screens/Buttons.h"
+#include "mail/screens/EmailRowSwipes.h"
+#include "mail/screens/EmailRowsView.h"
+#include "mail/screens/EntryMenu.h"
+#include "mail/screens/FilterChips.h"
 #include "ui/screens/EmptyStateView.h"
 #include "ui/screens/SearchBar.h"
 #include "ui/screens/SkeletonView.h"
-#include "ui/screens/Spinner.h"
 #include "ui/screens/ThemeLabel.h"
 
 #include <QHBoxLayout>
-#include <QKeyEvent>
-#include <QListView>
+#include <QMenu>
 #include <QScrollBar>
 #include <QStackedWidget>
 #include <QVBoxLayout>
 
-EmailListView::EmailListView(std::shared_ptr<EmailListState> state, QWidget *parent)
+EmailListView::EmailListView(std::shared_ptr<EmailListState> state, FocusedActions &actions, QWidget *parent)
     : QWidget(parent)
     , m_state(std::move(state))
+    , m_actions(&actions)
     , m_stack(new QStackedWidget)
-    , m_list(new QListView)
+    , m_list(new EmailRowsView)
     , m_placeholder(new EmptyStateView)
     , m_skeleton(new SkeletonView) {
     setUpList();
+    connect(m_placeholder, &EmptyStateView::buttonPressed, m_state.get(), &EmailListState::reload);
     m_stack->addWidget(m_list);
     m_stack->addWidget(m_placeholder);
     m_stack->addWidget(m_skeleton);
@@ -33,9 +42,14 @@ EmailListView::EmailListView(std::shared_ptr<EmailListState> state, QWidget *par
     layout->setSpacing(0);
     layout->addWidget(makeHeader());
     layout->addWidget(m_stack, 1);
-    layout->addWidget(makeStatusBar());
+    layout->addWidget(new EmailListStatusBar(m_state));
 
+    new EmailListSheets(m_state, this);
     observe(m_state.get(), this, &EmailListView::render);
+}
+
+QListView *EmailListView::list() const {
+    return m_list;
 }
 
 QWidget *EmailListView::makeHeader() {
@@ -43,66 +57,46 @@ QWidget *EmailListView::makeHeader() {
     m_title = new ThemeLabel({}, TextStyle::title3);
     m_count = new ThemeLabel({}, TextStyle::caption, TextRole::secondary);
     m_search = new SearchBar(tr("Search emails…"));
-    auto *refresh = new IconButton(QStringLiteral("arrow.clockwise"), tr("Get New Mail (⇧⌘N)"));
-
     auto *texts = new QVBoxLayout;
     texts->setSpacing(0);
     texts->addWidget(m_title);
     texts->addWidget(m_count);
     auto *top = new QHBoxLayout;
     top->addLayout(texts, 1);
-    top->addWidget(refresh);
+    top->addWidget(new EmailListToolbar(m_state));
     auto *layout = new QVBoxLayout(header);
     layout->setContentsMargins(16, 14, 12, 10);
     layout->setSpacing(10);
     layout->addLayout(top);
     layout->addWidget(m_search);
+    layout->addWidget(new FilterChips(m_state));
 
-    connect(refresh, &IconButton::clicked, m_state.get(), &EmailListState::reload);
     connect(m_search, &SearchBar::textChanged, m_state.get(), &EmailListState::setSearchQuery);
     connect(m_search, &SearchBar::returnPressed, m_state.get(), &EmailListState::submitSearch);
     return header;
 }
 
-QWidget *EmailListView::makeStatusBar() {
-    auto *bar = new QWidget;
-    m_jobsSpinner = new Spinner(14);
-    m_jobs = new ThemeLabel(tr("Processing in background…"), TextStyle::caption, TextRole::secondary);
-    m_selected = new ThemeLabel({}, TextStyle::caption, TextRole::secondary);
-    m_page = new ThemeLabel({}, TextStyle::caption, TextRole::secondary);
-    m_previous = new IconButton(QStringLiteral("chevron.left"), tr("Previous page"));
-    m_next = new IconButton(QStringLiteral("chevron.right"), tr("Next page"));
-    auto *layout = new QHBoxLayout(bar);
-    layout->setContentsMargins(16, 4, 8, 4);
-    layout->setSpacing(4);
-    layout->addWidget(m_jobsSpinner);
-    layout->addWidget(m_jobs);
-    layout->addWidget(m_selected);
-    layout->addStretch();
-    layout->addWidget(m_page);
-    layout->addSpacing(4);
-    layout->addWidget(m_previous);
-    layout->addWidget(m_next);
-    connect(m_previous, &IconButton::clicked, m_state.get(), &EmailListState::previousPage);
-    connect(m_next, &IconButton::clicked, m_state.get(), &EmailListState::nextPage);
-    return bar;
-}
-
 void EmailListView::setUpList() {
     m_list->setModel(&m_state->rows);
-    m_list->setItemDelegate(new EmailRowDelegate(m_list));
-    m_list->setUniformItemSizes(true);
-    m_list->setFrameShape(QFrame::NoFrame);
-    m_list->setMouseTracking(true);
-    m_list->setSelectionMode(QAbstractItemView::ExtendedSelection);
-    m_list->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
-    m_list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    m_list->setAccessibleName(tr("Messages"));
-    m_list->viewport()->setAutoFillBackground(false);
-    m_list->installEventFilter(this);
+    connectList();
+    new EmailRowSwipes(m_state, m_list);
+    keepPlace();
+}
+
+void EmailListView::connectList() {
+    const auto actions = m_state->actions;
     connect(m_list->selectionModel(), &QItemSelectionModel::selectionChanged, this, &EmailListView::takeSelection);
     connect(m_list, &QListView::doubleClicked, this, &EmailListView::openCurrent);
-    keepPlace();
+    connect(m_list, &EmailRowsView::openRequested, this, &EmailListView::openCurrent);
+    connect(m_list, &EmailRowsView::pageMessageRequested, this, &EmailListView::pageMessageRequested);
+    connect(m_list, &EmailRowsView::deleteRequested, actions.get(), &EmailListActions::deleteSelected);
+    connect(m_list, &EmailRowsView::menuRequested, this, &EmailListView::showMenu);
+    connect(m_list, &EmailRowsView::dragRequested, this, &EmailListView::drag);
+    connect(m_list, &EmailRowsView::starPressed, this, [this, actions](const QModelIndex &index) {
+        if (const auto email = m_state->email(m_state->rows.row(index.row()).uid))
+            actions->toggleStar(*email);
+    });
+    connect(&FaviconStore::shared(), &FaviconStore::iconLoaded, m_list->viewport(), qOverload<>(&QWidget::update));
 }
 
 /// Rows that come or go above what the person looks at do not move it, unless the list stands at its top.
@@ -129,20 +123,50 @@ void EmailListView::scrollByRows(int rows) {
     bar->setValue(bar->value() + rows * m_list->sizeHintForRow(0));
 }
 
-bool EmailListView::eventFilter(QObject *watched, QEvent *event) {
-    if (event->type() != QEvent::KeyPress)
-        return QWidget::eventFilter(watched, event);
-    const auto key = static_cast<QKeyEvent *>(event)->key();
-    if (key != Qt::Key_Return && key != Qt::Key_Enter)
-        return QWidget::eventFilter(watched, event);
-    openCurrent();
-    return true;
-}
-
 void EmailListView::openCurrent() {
     const auto &selected = m_state->viewModel->selectedEmails.get();
     if (selected.size() == 1)
         m_state->openInWindow(*selected.begin());
+}
+
+void EmailListView::showMenu(const QModelIndex &index, const QPoint &globalPosition) {
+    const auto email = m_state->email(m_state->rows.row(index.row()).uid);
+    if (!email)
+        return;
+    auto *menu = makeEntryMenu(emailRowMenu(*m_state, *email), this);
+    m_list->markMenuRow(index);
+    connect(menu, &QMenu::aboutToHide, m_list, [this] { m_list->markMenuRow({}); });
+    menu->popup(globalPosition);
+}
+
+void EmailListView::drag(const QModelIndex &index) {
+    const auto &row = m_state->rows.row(index.row());
+    dragEmails(m_list, m_state->dragData(row.uid), row.subject);
+}
+
+void EmailListView::showEvent(QShowEvent *event) {
+    QWidget::showEvent(event);
+    m_publishedCount = std::nullopt;
+    publishActions();
+}
+
+void EmailListView::hideEvent(QHideEvent *event) {
+    QWidget::hideEvent(event);
+    m_publishedCount = std::nullopt;
+    if (m_actions)
+        m_actions->publishMailbox(std::nullopt);
+}
+
+void EmailListView::publishActions() {
+    const auto count = qint64(m_state->viewModel->selectedEmails->size());
+    if (!m_actions || !isVisible() || m_publishedCount == count)
+        return;
+    m_publishedCount = count;
+    m_actions->publishMailbox(
+        MacMailboxActions{.selectedCount = count, .perform = [weak = std::weak_ptr(m_state)](MacMailAction action) {
+                              if (const auto state = weak.lock())
+                                  state->perform(action);
+                          }});
 }
 
 void EmailListView::focusSearch() {
@@ -178,13 +202,21 @@ void EmailListView::renderSelection() {
 void EmailListView::render() {
     m_title->setText(displayName(m_state->folder));
     m_count->setText(m_state->countText());
-    if (m_search->text() != m_state->viewModel->searchQuery.get())
-        m_search->setText(m_state->viewModel->searchQuery);
-    static_cast<EmailRowDelegate *>(m_list->itemDelegate())->showsStars = m_state->showsStars();
+    m_list->rowDelegate()->showsStars = m_state->showsStars();
+    renderSearch();
     renderContent();
     renderSelection();
-    renderStatus();
     scrollToTopOfNewRows();
+    publishActions();
+}
+
+void EmailListView::renderSearch() {
+    if (m_search->text() != m_state->viewModel->searchQuery.get())
+        m_search->setText(m_state->viewModel->searchQuery);
+    if (!m_state->searchFocused)
+        return;
+    m_state->searchFocused = false;
+    focusSearch();
 }
 
 void EmailListView::scrollToTopOfNewRows() {
@@ -208,20 +240,9 @@ void EmailListView::renderContent() {
         return;
     case EmailListState::Content::empty:
     case EmailListState::Content::failure:
+        m_placeholder->setButton(m_state->content() == EmailListState::Content::failure ? tr("Try Again") : QString());
         m_placeholder->setTexts(m_state->placeholder());
         m_stack->setCurrentWidget(m_placeholder);
         return;
     }
-}
-
-void EmailListView::renderStatus() {
-    const auto &model = *m_state->viewModel;
-    const bool hasJobs = model.backgroundJobsActive > 0;
-    m_jobsSpinner->setVisible(hasJobs);
-    m_jobs->setVisible(hasJobs);
-    const auto selected = model.selectedEmails->size();
-    m_selected->setText(selected == 0 ? QString() : tr("%1 selected").arg(selected));
-    m_page->setText(model.pageInfoText());
-    m_previous->setEnabled(model.currentPage >= 2);
-    m_next->setEnabled(model.currentPage < model.totalPages);
 }

@@ -1,56 +1,65 @@
 #pragma once
 
 #include "mail/EmailListState.h"
+#include "mail/FocusedActions.h"
 
+#include <QPointer>
 #include <QWidget>
 
+class EmailRowsView;
 class EmptyStateView;
-class IconButton;
 class QListView;
 class QStackedWidget;
 class SearchBar;
-class Spinner;
 class ThemeLabel;
 
-/// The middle column of the main window: one folder's messages, page by page.
+/// The middle column of the main window: one folder's messages, page by page. While it is on show it offers its actions
+/// to the menu bar of its window.
 class EmailListView final : public QWidget {
     Q_OBJECT
 public:
-    explicit EmailListView(std::shared_ptr<EmailListState> state, QWidget *parent = nullptr);
+    EmailListView(std::shared_ptr<EmailListState> state, FocusedActions &actions, QWidget *parent = nullptr);
 
-    QListView *list() const { return m_list; }
+    QListView *list() const;
     void focusSearch();
 
+Q_SIGNALS:
+    /// The opened message is to move on by a page, or back.
+    void pageMessageRequested(bool down);
+
 protected:
-    bool eventFilter(QObject *watched, QEvent *event) override;
+    void showEvent(QShowEvent *event) override;
+    void hideEvent(QHideEvent *event) override;
 
 private:
     QWidget *makeHeader();
-    QWidget *makeStatusBar();
     void setUpList();
+    void connectList();
     void keepPlace();
     void scrollByRows(int rows);
     void render();
+    void renderSearch();
     void renderContent();
-    void renderStatus();
     void scrollToTopOfNewRows();
     void renderSelection();
     std::set<qint64> highlightedUIDs() const;
     void takeSelection();
     void openCurrent();
+    void showMenu(const QModelIndex &index, const QPoint &globalPosition);
+    void drag(const QModelIndex &index);
+    void publishActions();
 
     std::shared_ptr<EmailListState> m_state;
+    QPointer<FocusedActions> m_actions;
     ThemeLabel *m_title, *m_count;
     SearchBar *m_search;
     QStackedWidget *m_stack;
-    QListView *m_list;
+    EmailRowsView *m_list;
     EmptyStateView *m_placeholder;
     QWidget *m_skeleton;
-    Spinner *m_jobsSpinner;
-    ThemeLabel *m_jobs, *m_selected, *m_page;
-    IconButton *m_previous, *m_next;
     /// The folder, page and search text of the rows on show; others begin at the list's top.
     std::tuple<QString, qint64, QString> m_shownQuery;
+    std::optional<qint64> m_publishedCount;
     /// The first rows take the keyboard focus.
     bool m_awaitsFocus = true;
 };

@@ -1,28 +1,52 @@
 #include "mail/screens/EmailRowDelegate.h"
 
 #include "mail/EmailListModel.h"
+#include "mail/FaviconStore.h"
+#include "mail/screens/RowColors.h"
 #include "ui/SystemColors.h"
 #include "ui/screens/AppStyle.h"
 #include "ui/screens/AvatarView.h"
 #include "ui/screens/Fonts.h"
+#include "ui/screens/StyleItems.h"
+#include "ui/screens/StyleShapes.h"
 #include "ui/screens/Symbols.h"
 
 #include <QPainter>
+#include <QPainterPath>
 #include <QTextLayout>
 
 namespace {
 
-constexpr int rowHeight = 92;
+constexpr int leastRowHeight = 92;
 constexpr int margin = 12;
 constexpr int dotSize = 9;
 constexpr int avatarSize = 32;
+/// Part of a picture's size.
+constexpr qreal pictureRadius = 0.22;
 constexpr int starSize = 16;
 constexpr int markSize = 13;
 constexpr int previewLines = 2;
+constexpr qreal frameRadius = 8;
 
 const EmailRow &rowAt(const QModelIndex &index) {
     return static_cast<const EmailListModel *>(index.model())->row(index.row());
 }
+
+/// The three fonts of a row and how high its text is.
+struct RowFonts {
+    explicit RowFonts(bool isUnread)
+        : name(themeFont(TextStyle::body, isUnread ? QFont::Bold : QFont::Medium))
+        , subject(themeFont(TextStyle::subheadline, isUnread ? QFont::DemiBold : QFont::Normal))
+        , preview(themeFont(TextStyle::footnote)) {}
+
+    int nameHeight() const { return QFontMetrics(name).lineSpacing(); }
+    int subjectHeight() const { return QFontMetrics(subject).lineSpacing(); }
+    int previewHeight() const { return previewLines * QFontMetrics(preview).lineSpacing(); }
+    int height() const { return nameHeight() + subjectHeight() + previewHeight() + 2 * gap; }
+
+    static constexpr int gap = 2;
+    QFont name, subject, preview;
+};
 
 void drawLine(QPainter *painter, const QRect &place, const QFont &font, const QColor &color, const QString &text) {
     painter->setFont(font);
@@ -36,7 +60,7 @@ void drawPreview(QPainter *painter, const QRect &place, const QFont &font, const
     const QFontMetrics metrics(font);
     QTextLayout layout(text, font);
     QTextOption option;
-    option.setWrapMode(QTextOption::WordWrap);
+    option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
     layout.setTextOption(option);
     painter->setFont(font);
     painter->setPen(color);
@@ -49,106 +73,122 @@ void drawPreview(QPainter *painter, const QRect &place, const QFont &font, const
         const QRect linePlace(place.left(), place.top() + number * metrics.lineSpacing(), place.width(),
                               metrics.lineSpacing());
         const bool isLast = number == previewLines - 1;
-        const auto rest = text.mid(line.textStart(), isLast ? -1 : line.textLength());
+        const auto rest = text.mid(line.textStart(), isLast ? -1 : line.textLength()).trimmed();
         painter->drawText(linePlace, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine,
-                          metrics.elidedText(rest, Qt::ElideRight, place.width()));
+                          isLast ? metrics.elidedText(rest, Qt::ElideRight, place.width()) : rest);
     }
     layout.endLayout();
 }
 
-} // namespace
-
-QSize EmailRowDelegate::sizeHint(const QStyleOptionViewItem &, const QModelIndex &) const {
-    return {200, rowHeight};
+/// The domain's picture, or the initials where it has none.
+void paintPicture(QPainter *painter, const QRectF &place, const EmailRow &row) {
+    const auto icon = FaviconStore::shared().icon(row.domain);
+    if (icon.isNull())
+        return paintAvatar(painter, place, row.name);
+    const SmoothPainter smooth(painter);
+    painter->setRenderHint(QPainter::SmoothPixmapTransform);
+    QPainterPath outline;
+    outline.addRoundedRect(place, pictureRadius * place.width(), pictureRadius * place.width());
+    painter->setClipPath(outline, Qt::IntersectClip);
+    QRectF target({}, QSizeF(icon.size()).scaled(place.size(), Qt::KeepAspectRatio));
+    target.moveCenter(place.center());
+    painter->drawImage(target, icon);
 }
 
-void EmailRowDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const {
-    const auto &row = rowAt(index);
-    painter->save();
-    painter->setRenderHint(QPainter::Antialiasing);
-    paintFrame(painter, option, row);
-    auto frame = option.rect.adjusted(margin, 0, -margin - 4, 0);
-    frame.setLeft(paintLeading(painter, frame, row));
-    paintTexts(painter, frame, row);
-    painter->restore();
-}
-
-void EmailRowDelegate::paintFrame(QPainter *painter, const QStyleOptionViewItem &option, const EmailRow &) const {
+void paintFrame(QPainter *painter, const QStyleOptionViewItem &option, const RowColors &colors) {
     const auto &theme = AppStyle::theme();
     const QRectF frame = QRectF(option.rect).adjusted(6, 1, -6, -2);
     const bool isSelected = option.state & QStyle::State_Selected;
     if (isSelected || (option.state & QStyle::State_MouseOver)) {
-        painter->setPen(Qt::NoPen);
-        painter->setBrush(isSelected ? theme.bgActive : theme.bgHover);
-        painter->drawRoundedRect(frame, 8, 8);
+        fillRounded(painter, frame, frameRadius, colors.background);
     } else {
         painter->setPen(theme.borderLight);
         const auto y = option.rect.bottom();
         painter->drawLine(option.rect.left() + margin, y, option.rect.right() - margin, y);
     }
-    if ((option.state & QStyle::State_HasFocus) && (option.state & QStyle::State_KeyboardFocusChange)) {
-        painter->setPen(QPen(theme.primary, 2));
-        painter->setBrush(Qt::NoBrush);
-        painter->drawRoundedRect(frame.adjusted(1, 1, -1, -1), 7, 7);
-    }
-}
-
-/// Draws star, dot and picture; returns where the texts begin.
-int EmailRowDelegate::paintLeading(QPainter *painter, const QRect &frame, const EmailRow &row) const {
-    const auto &theme = AppStyle::theme();
-    auto x = frame.left();
-    const auto middle = frame.top() + margin + avatarSize / 2;
-    if (showsStars) {
-        paintSymbol(painter, row.isFlagged ? QStringLiteral("star.fill") : QStringLiteral("star"),
-                    QRectF(x, middle - starSize / 2, starSize, starSize),
-                    row.isFlagged ? systemYellow(theme) : theme.textLight);
-        x += starSize + 8;
-    }
-    if (row.isUnread) {
-        painter->setPen(Qt::NoPen);
-        painter->setBrush(theme.primary);
-        painter->drawEllipse(QRectF(x, middle - dotSize / 2.0, dotSize, dotSize));
-    }
-    x += dotSize + 7;
-    paintAvatar(painter, QRectF(x, middle - avatarSize / 2, avatarSize, avatarSize), row.name);
-    return x + avatarSize + 10;
-}
-
-void EmailRowDelegate::paintTexts(QPainter *painter, const QRect &frame, const EmailRow &row) const {
-    const auto &theme = AppStyle::theme();
-    const auto nameFont = themeFont(TextStyle::body, row.isUnread ? QFont::Bold : QFont::Medium);
-    const auto subjectFont = themeFont(TextStyle::subheadline, row.isUnread ? QFont::DemiBold : QFont::Normal);
-    const auto previewFont = themeFont(TextStyle::footnote);
-    const auto nameHeight = QFontMetrics(nameFont).lineSpacing();
-    const auto subjectHeight = QFontMetrics(subjectFont).lineSpacing();
-    const auto previewHeight = previewLines * QFontMetrics(previewFont).lineSpacing();
-    auto y = frame.top() + (rowHeight - nameHeight - subjectHeight - previewHeight - 4) / 2;
-
-    QRect line(frame.left(), y, frame.width(), nameHeight);
-    line.setRight(paintTrailingMarks(painter, line, row));
-    drawLine(painter, line, nameFont, theme.text, row.name);
-    y += nameHeight + 2;
-    drawLine(painter, {frame.left(), y, frame.width(), subjectHeight}, subjectFont, theme.text, row.subject);
-    y += subjectHeight + 2;
-    drawPreview(painter, {frame.left(), y, frame.width(), previewHeight}, previewFont, theme.textSecondary,
-                row.preview);
+    if (isSelected)
+        paintSelectionMark(painter, frame, theme);
 }
 
 /// Draws date, paperclip and star at the end of the first line; returns where the name must end.
-int EmailRowDelegate::paintTrailingMarks(QPainter *painter, const QRect &line, const EmailRow &row) const {
-    const auto &theme = AppStyle::theme();
+int paintTrailingMarks(QPainter *painter, const QRect &line, const EmailRow &row, const RowColors &colors) {
     const auto font = themeFont(TextStyle::caption);
     const auto dateWidth = QFontMetrics(font).horizontalAdvance(row.dateText);
     auto right = line.right() - dateWidth;
     drawLine(painter, {right, line.top(), dateWidth + 1, line.height()}, font,
-             row.isUnread ? theme.primary : theme.textSecondary, row.dateText);
+             row.isUnread ? colors.accent : colors.secondary, row.dateText);
     const auto drawMark = [&](const QString &symbol, const QColor &color) {
         right -= markSize + 6;
         paintSymbol(painter, symbol, QRectF(right, line.center().y() - markSize / 2.0, markSize, markSize), color);
     };
     if (row.hasAttachment)
-        drawMark(QStringLiteral("paperclip"), theme.textSecondary);
+        drawMark(QStringLiteral("paperclip"), colors.secondary);
     if (row.isFlagged)
-        drawMark(QStringLiteral("star.fill"), systemYellow(theme));
+        drawMark(QStringLiteral("star.fill"), systemYellow(AppStyle::theme()));
     return right - 8;
+}
+
+void paintTexts(QPainter *painter, const QRect &frame, const EmailRow &row, const RowColors &colors) {
+    const RowFonts fonts(row.isUnread);
+    auto y = frame.top() + (frame.height() - fonts.height()) / 2;
+    QRect line(frame.left(), y, frame.width(), fonts.nameHeight());
+    line.setRight(paintTrailingMarks(painter, line, row, colors));
+    drawLine(painter, line, fonts.name, colors.text, row.name);
+    y += fonts.nameHeight() + RowFonts::gap;
+    drawLine(painter, {frame.left(), y, frame.width(), fonts.subjectHeight()}, fonts.subject, colors.text, row.subject);
+    y += fonts.subjectHeight() + RowFonts::gap;
+    drawPreview(painter, {frame.left(), y, frame.width(), fonts.previewHeight()}, fonts.preview, colors.secondary,
+                row.preview);
+}
+
+} // namespace
+
+QSize EmailRowDelegate::sizeHint(const QStyleOptionViewItem &, const QModelIndex &) const {
+    return {200, std::max(leastRowHeight, RowFonts(true).height() + 2 * margin)};
+}
+
+QRect EmailRowDelegate::starRect(const QRect &row) {
+    return {row.left(), row.top(), margin + starSize + 4, margin + avatarSize + margin};
+}
+
+void EmailRowDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const {
+    const auto &row = rowAt(index);
+    const RowColors colors(option.state, AppStyle::theme());
+    const SmoothPainter smooth(painter);
+    if (index == slidRow)
+        painter->translate(slide, 0);
+    paintFrame(painter, option, colors);
+    auto frame = option.rect.adjusted(margin, 0, -margin - 4, 0);
+    frame.setLeft(paintLeading(painter, frame, row, colors));
+    paintTexts(painter, frame, row, colors);
+    if (showsRing(option, index))
+        paintFocusRing(painter, QRectF(option.rect).adjusted(6, 1, -6, -2), frameRadius, AppStyle::theme());
+}
+
+/// The keyboard's place must be seen where no selection shows it.
+bool EmailRowDelegate::showsRing(const QStyleOptionViewItem &option, const QModelIndex &index) const {
+    const bool isSelected = option.state & QStyle::State_Selected;
+    const bool isFocused = option.state & QStyle::State_HasFocus;
+    return index == menuRow || showsFocusRing(option) || (isFocused && !isSelected);
+}
+
+/// Draws star, dot and picture; returns where the texts begin.
+int EmailRowDelegate::paintLeading(QPainter *painter, const QRect &frame, const EmailRow &row,
+                                   const RowColors &colors) const {
+    auto x = frame.left();
+    const auto middle = frame.top() + margin + avatarSize / 2;
+    if (showsStars) {
+        paintSymbol(painter, row.isFlagged ? QStringLiteral("star.fill") : QStringLiteral("star"),
+                    QRectF(x, middle - starSize / 2, starSize, starSize),
+                    row.isFlagged ? systemYellow(AppStyle::theme()) : colors.secondary);
+        x += starSize + 8;
+    }
+    if (row.isUnread) {
+        painter->setPen(Qt::NoPen);
+        painter->setBrush(AppStyle::theme().primary);
+        painter->drawEllipse(QRectF(x, middle - dotSize / 2.0, dotSize, dotSize));
+    }
+    x += dotSize + 7;
+    paintPicture(painter, QRectF(x, middle - avatarSize / 2, avatarSize, avatarSize), row);
+    return x + avatarSize + 10;
 }

@@ -1,8 +1,11 @@
 #include "mail/screens/SidebarDelegate.h"
 
 #include "mail/SidebarModel.h"
+#include "mail/screens/RowColors.h"
 #include "ui/screens/AppStyle.h"
 #include "ui/screens/Fonts.h"
+#include "ui/screens/StyleItems.h"
+#include "ui/screens/StyleShapes.h"
 #include "ui/screens/Symbols.h"
 
 #include <QPainter>
@@ -14,6 +17,7 @@ constexpr int headingHeight = 32;
 constexpr int inset = 8;
 constexpr int symbolSize = 16;
 constexpr int badgeHeight = 18;
+constexpr qreal frameRadius = 8;
 
 const SidebarModel::Row &rowAt(const QModelIndex &index) {
     return static_cast<const SidebarModel *>(index.model())->row(index.row());
@@ -38,9 +42,22 @@ int paintBadge(QPainter *painter, const QRect &frame, qint64 count, bool isSelec
     painter->setBrush(isSelected ? theme.primary : theme.primaryLight);
     painter->drawRoundedRect(badge, badgeHeight / 2.0, badgeHeight / 2.0);
     painter->setFont(font);
-    painter->setPen(isSelected ? theme.textOnPrimary() : theme.isDark ? theme.text : theme.primaryDark);
+    painter->setPen(isSelected
+                        ? theme.textOnPrimary()
+                        : readableColor(theme.isDark ? theme.text : theme.primaryDark, theme.primaryLight, theme.text));
     painter->drawText(badge, Qt::AlignCenter, text);
     return width + inset;
+}
+
+void paintFrame(QPainter *painter, const QRectF &frame, const QStyleOption &option, const RowColors &colors) {
+    const auto &theme = AppStyle::theme();
+    const bool isSelected = option.state & QStyle::State_Selected;
+    if (isSelected || (option.state & QStyle::State_MouseOver))
+        fillRounded(painter, frame, frameRadius, colors.background);
+    if (isSelected)
+        paintSelectionMark(painter, frame, theme);
+    if (showsFocusRing(option))
+        paintFocusRing(painter, frame, frameRadius, theme);
 }
 
 } // namespace
@@ -54,25 +71,18 @@ void SidebarDelegate::paint(QPainter *painter, const QStyleOptionViewItem &optio
         painter->restore();
         return;
     }
-    const auto &theme = AppStyle::theme();
     const bool isSelected = option.state & QStyle::State_Selected;
+    const RowColors colors(option.state, AppStyle::theme());
     const auto frame = option.rect.adjusted(inset, 1, -inset, -1);
-    if (isSelected || (option.state & QStyle::State_MouseOver)) {
-        painter->setPen(Qt::NoPen);
-        painter->setBrush(isSelected ? theme.bgActive : theme.bgHover);
-        painter->drawRoundedRect(frame, 8, 8);
-    }
-    if ((option.state & QStyle::State_HasFocus) && (option.state & QStyle::State_KeyboardFocusChange)) {
-        painter->setPen(QPen(theme.primary, 2));
-        painter->setBrush(Qt::NoBrush);
-        painter->drawRoundedRect(QRectF(frame).adjusted(1, 1, -1, -1), 7, 7);
-    }
+    paintFrame(painter, frame, option, colors);
+    if (index == dropTarget)
+        strokeRounded(painter, frame, frameRadius, colors.accent, StyleMetrics::focusRingWidth);
     const QRectF symbol(frame.left() + 10, frame.center().y() - symbolSize / 2.0 + 0.5, symbolSize, symbolSize);
-    paintSymbol(painter, row.icon, symbol, isSelected ? theme.primary : theme.textSecondary);
+    paintSymbol(painter, row.icon, symbol, isSelected ? colors.accent : colors.secondary);
     const auto badge = paintBadge(painter, frame, row.unread, isSelected);
     const auto font = themeFont(TextStyle::body, isSelected || row.unread > 0 ? QFont::DemiBold : QFont::Normal);
     painter->setFont(font);
-    painter->setPen(theme.text);
+    painter->setPen(colors.text);
     const QRect text(int(symbol.right()) + 10, frame.top(), frame.right() - badge - inset - int(symbol.right()) - 10,
                      frame.height());
     painter->drawText(text, Qt::AlignVCenter | Qt::AlignLeft,

@@ -1,6 +1,6 @@
 #include "mail/screens/SidebarView.h"
 
-#include "mail/screens/SidebarDelegate.h"
+#include "mail/screens/SidebarList.h"
 #include "platform/Tasks.h"
 #include "platform/UserDefaults.h"
 #include "ui/screens/Buttons.h"
@@ -8,36 +8,21 @@
 #include "ui/screens/Symbols.h"
 
 #include <QHBoxLayout>
-#include <QListView>
 #include <QMenu>
 #include <QVBoxLayout>
-
-namespace {
-
-/// The keys lead from folder to folder, past the headings.
-class FolderList final : public QListView {
-protected:
-    QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override {
-        const auto index = QListView::moveCursor(action, modifiers);
-        const bool isHeading = index.isValid() && !(index.flags() & Qt::ItemIsEnabled);
-        return isHeading ? index.siblingAtRow(index.row() + 1) : index;
-    }
-};
-
-} // namespace
 
 SidebarView::SidebarView(std::shared_ptr<AppState> appState, std::shared_ptr<MainScreenState> state, QWidget *parent)
     : QWidget(parent)
     , m_appState(std::move(appState))
     , m_state(std::move(state))
-    , m_list(new FolderList) {
+    , m_list(new SidebarList) {
     m_list->setModel(&m_model);
-    m_list->setItemDelegate(new SidebarDelegate(m_list));
-    m_list->setFrameShape(QFrame::NoFrame);
-    m_list->setMouseTracking(true);
-    m_list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    m_list->setAccessibleName(tr("Folders"));
-    m_list->viewport()->setAutoFillBackground(false);
+    m_list->accepts = [state = m_state](const auto &items, const MailFolder &folder) {
+        return state->acceptsDrop(items, folder);
+    };
+    connect(
+        m_list, &SidebarList::dropped, m_state.get(),
+        [state = m_state.get()](const auto &items, const MailFolder &folder) { launch(state->drop(items, folder)); });
 
     auto *header = new MacSidebarHeader;
     connect(header, &MacSidebarHeader::composeRequested, this, [this] {

@@ -5,7 +5,7 @@
 
 #include <QWidget>
 
-class QListView;
+class SidebarList;
 
 /// The left column of the main window: compose, the folders, and the ways to the other sections.
 class SidebarView final : public QWidget {
@@ -25,5 +25,5 @@ private:
     std::shared_ptr<AppState> m_appState;
     std::shared_ptr<MainScreenState> m_state;
     SidebarModel m_model;
-    QListView *m_list;
+    SidebarList *m_list;
 };

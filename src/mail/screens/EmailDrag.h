@@ -1,0 +1,8 @@
+#pragma once
+
+#include "mail/EmailDragData.h"
+
+class QWidget;
+
+/// Drags messages out of a list, under a card with this subject or with their number. Returns when they are dropped.
+void dragEmails(QWidget *list, const std::vector<EmailDragData> &items, const QString &subject);

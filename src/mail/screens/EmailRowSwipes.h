@@ -1,0 +1,47 @@
+#pragma once
+
+#include "mail/EmailListState.h"
+#include "mail/RowSwipe.h"
+
+#include <QPersistentModelIndex>
+#include <QVariantAnimation>
+
+class EmailRowsView;
+class QWheelEvent;
+class SwipeTrack;
+
+/// Lays a row's actions open when it is pushed aside by touch pad, sideways wheel or the arrow keys, and does the first
+/// one when it is pushed all the way.
+class EmailRowSwipes final : public QObject {
+    Q_OBJECT
+public:
+    EmailRowSwipes(std::shared_ptr<EmailListState> state, EmailRowsView *rows);
+
+    /// Opens the track and puts the keyboard on its first action.
+    void open(const QModelIndex &index, SwipeEdge edge);
+    void close();
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    bool takeWheel(const QWheelEvent &event);
+    void push(const QModelIndex &index, double distance);
+    void release();
+    void begin(const QModelIndex &index);
+    void prepareTrack();
+    void perform(std::size_t number);
+    void slideTo(double offset);
+    void show(double offset);
+    bool isOpen() const { return m_row.isValid(); }
+
+    std::shared_ptr<EmailListState> m_state;
+    EmailRowsView *m_rows;
+    SwipeTrack *m_track;
+    RowSwipe m_swipe;
+    QPersistentModelIndex m_row;
+    QVariantAnimation m_slide;
+    /// Wheels that do not say when a gesture ends are given up after a pause.
+    ScheduledWorkPtr m_pause;
+    bool m_isPushing = false;
+};
