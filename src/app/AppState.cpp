@@ -8,8 +8,6 @@
 #include "platform/Tasks.h"
 #include "platform/UserDefaults.h"
 
-#include <QGuiApplication>
-
 using namespace Qt::StringLiterals;
 
 AppState::AppState() {
@@ -35,9 +33,8 @@ QString AppState::trashFolderPath() const {
     return folderPath(FolderRole::trash, u"Trash"_s);
 }
 
-bool AppState::deliversNotifications() {
-    return QGuiApplication::applicationState() != Qt::ApplicationActive ||
-           UserDefaults::standard().flag(u"notifyWhileActive"_s).value_or(false);
+bool AppState::deliversNotifications() const {
+    return !isActive || UserDefaults::standard().flag(u"notifyWhileActive"_s).value_or(false);
 }
 
 void AppState::startCheck(bool deliver) {

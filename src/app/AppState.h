@@ -107,8 +107,10 @@ public:
     /// Takes one live event. An unknown name or a malformed event changes nothing.
     void handleEvent(const QString &name, const QJsonObject &data);
 
+    /// Whether the program is in front; the desktop says so.
+    bool isActive = false;
     /// Whether a check may raise notifications now: always in the background, in front only if the person wants it.
-    static bool deliversNotifications();
+    bool deliversNotifications() const;
 
 private:
     QCoro::Task<> restore();

@@ -4,10 +4,11 @@
 
 #include <QCoroTask>
 
-/// The endpoints of sign-in and registration. Stateless.
-struct AuthService {
-    QCoro::Task<User> login(QString username, QString password) const;
+/// The endpoints of sign-in and registration. Holds nothing; each operation fails as `APIClient` does.
+class AuthService {
+public:
+    static QCoro::Task<User> login(QString username, QString password);
     /// Whether the server takes new accounts.
-    QCoro::Task<bool> registrationStatus() const;
-    QCoro::Task<> register_(RegisterRequest request) const;
+    static QCoro::Task<bool> registrationStatus();
+    static QCoro::Task<> register_(RegisterRequest request);
 };

@@ -32,7 +32,7 @@ QCoro::Task<> AuthViewModel::checkRegistrationStatus() {
     const auto check = ++m_statusCheck;
     bool isAllowed = true;
     try {
-        const bool answer = co_await AuthService().registrationStatus();
+        const bool answer = co_await AuthService::registrationStatus();
         isAllowed = answer;
     } catch (const std::exception &) {
         // The offer stays; the server will say when the person takes it.
@@ -51,7 +51,7 @@ QCoro::Task<std::optional<User>> AuthViewModel::login() {
     errorMessage = std::nullopt;
     std::optional<User> user;
     try {
-        const auto signedIn = co_await AuthService().login(username, password);
+        const auto signedIn = co_await AuthService::login(username, password);
         user = signedIn;
     } catch (...) {
         errorMessage = errorText(std::current_exception());
@@ -95,7 +95,7 @@ QCoro::Task<bool> AuthViewModel::register_() {
     errorMessage = std::nullopt;
     bool made = false;
     try {
-        co_await AuthService().register_(registerRequest());
+        co_await AuthService::register_(registerRequest());
         made = true;
     } catch (...) {
         errorMessage = errorText(std::current_exception());

@@ -39,7 +39,7 @@ void MacAppDelegate::reconnect() {
 void MacAppDelegate::refreshMail() {
     const auto state = appState.lock();
     if (state && state->isAuthenticated)
-        launch(EmailCheckCoordinator::shared().check(AppState::deliversNotifications()));
+        launch(EmailCheckCoordinator::shared().check(state->deliversNotifications()));
 }
 
 void MacAppDelegate::deliverPending() {

@@ -124,6 +124,16 @@ TEST_P(NewMailEvents, AskForAReloadAndACheck) {
 
 INSTANTIATE_TEST_SUITE_P(, NewMailEvents, testing::ValuesIn(newMailEvents), rowName);
 
+TEST_F(LiveEvents, NotifyInFrontOnlyIfThePersonWantsIt) {
+    for (const bool wantsThem : {false, true}) {
+        UserDefaults::standard().set(u"notifyWhileActive"_s, wantsThem);
+        state->isActive = true;
+        EXPECT_EQ(state->deliversNotifications(), wantsThem);
+        state->isActive = false;
+        EXPECT_TRUE(state->deliversNotifications());
+    }
+}
+
 TEST_P(ChatEvents, BringAMessageAndACheck) {
     receive(u"chat_message"_s, GetParam().json);
     settle();
