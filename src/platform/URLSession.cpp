@@ -182,6 +182,11 @@ std::optional<URLError> URLSessionDataTask::replyError() const {
                         u"A server with the name \"%1\" could not be found."_s.arg(m_reply->url().host()));
     case QNetworkReply::ConnectionRefusedError:
         return URLError(Code::cannotConnect, u"Could not connect to the server."_s);
+    case QNetworkReply::SslHandshakeFailedError:
+        return URLError(
+            Code::cannotConnect,
+            u"The server \"%1\" does not answer securely. If it is meant to be reached without "
+            "encryption, its address begins with http:// instead of https://."_s.arg(m_reply->url().host()));
     case QNetworkReply::ContentReSendError:
         if (endsWithConnection())
             return std::nullopt;

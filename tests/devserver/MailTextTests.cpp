@@ -53,7 +53,7 @@ TEST(MaildirNameTest, FlagsAreKeptInOrderBehindTheBase) {
 
 TEST(FillMaildirTest, AsManyMessagesAsWantedAreWritten) {
     const TemporaryFolder folder;
-    fillMaildir(folder.path() / "Maildir", 100, std::chrono::system_clock::now());
+    fillMaildir({100, folder.path() / "Maildir"}, std::chrono::system_clock::now());
     EXPECT_EQ(MaildirTree::scan(folder.path() / "Maildir").size(), 100U);
 }
 

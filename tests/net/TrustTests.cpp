@@ -6,6 +6,9 @@
 #include "support/CoreTest.h"
 #include "support/FakeServer.h"
 
+#include <QTcpServer>
+#include <QTcpSocket>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -26,6 +29,21 @@ TEST_F(TrustTest, aSelfSignedServerIsRefusedWithATextThatSaysWhy) {
     const auto text = failureOf(client.getData(u"x"_s));
     EXPECT_TRUE(text.startsWith(u"The certificate of the server \"127.0.0.1\" is not trusted."_s)) << qPrintable(text);
     server.vanish();
+}
+
+TEST_F(TrustTest, aServerWithoutEncryptionIsExplained) {
+    QTcpServer plain;
+    plain.listen(QHostAddress::LocalHost);
+    QObject::connect(&plain, &QTcpServer::newConnection, &plain, [&] {
+        auto *connection = plain.nextPendingConnection();
+        connection->write("HTTP/1.1 400 Bad Request\r\nConnection: close\r\n\r\n");
+        connection->disconnectFromHost();
+    });
+    client.setServerURL(u"https://127.0.0.1:%1"_s.arg(plain.serverPort()));
+    EXPECT_EQ(
+        failureOf(client.getData(u"x"_s)),
+        u"The server \"127.0.0.1\" does not answer securely. If it is meant to be reached without encryption, its "
+        "address begins with http:// instead of https://."_s);
 }
 
 TEST_F(TrustTest, aSelfSignedServerIsTrustedWhileTheSettingSaysSo) {

@@ -1,5 +1,7 @@
 #include "ServerTest.h"
 
+#include "fill/FillMaildir.h"
+
 #include <archive.h>
 #include <archive_entry.h>
 
@@ -82,8 +84,23 @@ TEST_F(AttachmentTest, TheArchiveHoldsEveryFileUnderANameOfItsOwn) {
                   {"size=1", "5"}});
     const auto answer = get("api/emails/attachments/zip?uid=1&folder=INBOX&name=attachments_1");
     EXPECT_EQ(answer->get_header_value("Content-Type"), "application/zip");
+    EXPECT_EQ(answer->get_header_value("Content-Length"), std::to_string(answer->body.size()));
+    EXPECT_EQ(answer->get_header_value("Content-Disposition").substr(0, 43),
+              "attachment; filename=\"attachments_1.zip\"; f");
     EXPECT_EQ(unzip(answer->body),
               (Files{{"a.txt", "1"}, {"a 2.txt", "2"}, {"up.txt", "3"}, {"café.txt", "4"}, {"attachment", "5"}}));
+}
+
+TEST_F(AttachmentTest, AFilledMaildirCanHoldALargeFile) {
+    fillMaildir({3, m_folder.path() / "filled", 2}, std::chrono::system_clock::now());
+    start({"--maildir", m_folder.path() / "filled"});
+    signIn();
+    const auto newest = getJSON("api/emails/list?folder=INBOX").at("emails").at(0).at("uid").dump();
+    const auto file = getJSON("api/emails/read/" + newest + "?folder=INBOX").at("attachments").at(0);
+    EXPECT_EQ(file.at("size"), 2 << 20);
+    const auto answer = get("api/emails/attachment?uid=" + newest + "&folder=INBOX&part=2&filename=x");
+    EXPECT_EQ(answer->get_header_value("Content-Length"), "2097152");
+    EXPECT_EQ(answer->body.size(), 2U << 20);
 }
 
 } // namespace

@@ -53,6 +53,7 @@ TEST(OptionParsingTest, WrongArgumentsAreNamed) {
         {{"--port", "80x"}, "--port needs a number, not \"80x\""},
         {{"--latency", "-5"}, "--latency needs a number, not \"-5\""},
         {{"--account", "name"}, "--account cannot read \"name\""},
+        {{"--attachment", "25"}, "--attachment needs --fill before it"},
         {{"--fail", "api=x"}, "--fail needs a number, not \"x\""},
     };
     for (const auto &[arguments, message] : cases) {
