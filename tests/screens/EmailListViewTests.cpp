@@ -1,14 +1,8 @@
-#include "mail/screens/EmailListView.h"
-
-#include "app/AppStateFixture.h"
-#include "mail/MailAnswers.h"
-#include "screens/ScreenTest.h"
+#include "screens/ListScreenFixture.h"
 #include "screens/Widgets.h"
 #include "ui/screens/Buttons.h"
-#include "ui/screens/SearchBar.h"
 #include "ui/screens/SkeletonView.h"
 
-#include <QListView>
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QTest>
@@ -27,54 +21,6 @@ std::vector<qint64> numbers(qint64 from, qint64 to) {
     std::iota(result.begin(), result.end(), from);
     return result;
 }
-
-class ListScreen : public ScreenTest, protected AppStateFixture {
-protected:
-    void SetUp() override {
-        server.expect("GET", "/api/emails/cached?folder=Work&page=1&per_page=50").answer(500).anyNumberOfTimes();
-        server.expect("GET", "/api/folders/cached").answer(500).anyNumberOfTimes();
-        list = EmailListState::make(state);
-        view = std::make_unique<EmailListView>(list, actions);
-        view->resize(360, 600);
-        showActive(*view);
-    }
-    void TearDown() override {
-        settle();
-        view.reset();
-        list.reset();
-        state.reset();
-        ScreenTest::TearDown();
-    }
-
-    FakeExchange &expectPage(int page = 1, const QByteArray &rest = {}) {
-        return server.expect("GET",
-                             "/api/emails/list?folder=Work&page=" + QByteArray::number(page) + "&per_page=50" + rest);
-    }
-    void open(const std::vector<qint64> &uids, int total = 2, int pages = 1) {
-        expectPage().json(pageJSON(emptyEmails(uids), total, pages));
-        list->setFolder({.path = u"Work"_s, .name = u"Work"_s});
-        settle();
-    }
-    void reload(const std::vector<qint64> &uids) {
-        expectPage().json(pageJSON(emptyEmails(uids)));
-        list->reload();
-        settle();
-    }
-    QListView &rows() const { return *view->list(); }
-    void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) { QTest::keyClick(&rows(), key, modifiers); }
-    void click(int row, Qt::KeyboardModifiers modifiers = {}) {
-        QTest::mouseClick(rows().viewport(), Qt::LeftButton, modifiers,
-                          rows().visualRect(rows().model()->index(row, 0)).center());
-    }
-    const std::set<qint64> &selected() const { return *list->viewModel->selectedEmails; }
-    qint64 currentUID() const { return list->rows.row(rows().currentIndex().row()).uid; }
-    SearchBar *search() const { return view->findChild<SearchBar *>(); }
-
-    ManualClock clock;
-    std::shared_ptr<EmailListState> list;
-    FocusedActions actions;
-    std::unique_ptr<EmailListView> view;
-};
 
 } // namespace
 
