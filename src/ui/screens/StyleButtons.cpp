@@ -86,6 +86,12 @@ int paintMenuArrow(QPainter *painter, const QRect &rect, const QColor &color) {
 
 } // namespace
 
+ButtonRole roleOf(const QStyleOptionButton &button, const QWidget *widget) {
+    const auto role = buttonRole(widget);
+    const bool isDefault = button.features & QStyleOptionButton::DefaultButton;
+    return role == ButtonRole::plain && isDefault ? ButtonRole::primary : role;
+}
+
 void paintButtonPanel(QPainter *painter, const QStyleOptionButton &button, ButtonRole role,
                       const ThemeDefinition &theme) {
     constexpr qreal radius = StyleMetrics::controlRadius;
@@ -135,4 +141,16 @@ void paintToolButton(QPainter *painter, const QStyleOptionToolButton &button, Bu
     paintIconAndText(painter, content, button.toolButtonStyle == Qt::ToolButtonTextOnly ? QIcon() : button.icon,
                      button.iconSize, hasText ? button.text : QString(), Qt::AlignCenter);
     painter->restore();
+}
+
+QSize buttonSize(ButtonRole role, const QSize &contents) {
+    const bool isLink = role == ButtonRole::link;
+    const int padding = isLink ? 4 : StyleMetrics::buttonPadding;
+    return {contents.width() + 2 * padding, std::max(contents.height() + 6, isLink ? 24 : StyleMetrics::controlHeight)};
+}
+
+QSize toolButtonSize(const QStyleOptionToolButton &button, const QSize &contents) {
+    const int arrow = button.features & QStyleOptionToolButton::HasMenu ? 12 : 0;
+    return {std::max(contents.width() + 14, StyleMetrics::controlHeight) + arrow,
+            std::max(contents.height() + 10, StyleMetrics::controlHeight)};
 }

@@ -3,15 +3,20 @@
 #include "ui/screens/StyleShapes.h"
 #include "ui/screens/Symbols.h"
 
+#include <QDateTimeEdit>
 #include <QPainter>
+#include <QPlainTextEdit>
 #include <QStyle>
 #include <QStyleOption>
+#include <QTextEdit>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
 constexpr qreal arrowSize = 12;
+/// The arrows and symbols at the right of a box.
+constexpr int arrowColumn = 28;
 
 QColor textColor(const QStyleOption &option, const ThemeDefinition &theme) {
     return option.state & QStyle::State_Enabled ? theme.text : option.palette.color(QPalette::Disabled, QPalette::Text);
@@ -80,4 +85,34 @@ void paintSpinBox(QPainter *painter, const QStyleOptionSpinBox &box, const QStyl
         return;
     arrow(QStyle::SC_SpinBoxUp, u"chevron.up"_s);
     arrow(QStyle::SC_SpinBoxDown, u"chevron.down"_s);
+}
+
+bool isTextArea(const QWidget *widget) {
+    return qobject_cast<const QTextEdit *>(widget) || qobject_cast<const QPlainTextEdit *>(widget);
+}
+
+QString openingSymbol(const QWidget *box) {
+    return qobject_cast<const QDateTimeEdit *>(box) ? u"calendar"_s : u"chevron.up.chevron.down"_s;
+}
+
+QRect fieldTextRect(const QRect &field) {
+    return field.adjusted(StyleMetrics::fieldPadding - 2, 0, 2 - StyleMetrics::fieldPadding, 0);
+}
+
+QRect boxTextRect(const QRect &box) {
+    return box.adjusted(StyleMetrics::fieldPadding - 2, 2, -arrowColumn, -2);
+}
+
+QSize fieldSize(const QSize &contents) {
+    return {contents.width() + 2 * StyleMetrics::fieldPadding,
+            std::max(contents.height() + 10, StyleMetrics::controlHeight)};
+}
+
+QSize comboBoxSize(const QSize &contents) {
+    return fieldSize(contents) + QSize(arrowColumn, 0);
+}
+
+QSize spinBoxSize(const QSize &contents) {
+    return {contents.width() + 2 * StyleMetrics::fieldPadding + arrowColumn,
+            std::max(contents.height(), StyleMetrics::controlHeight)};
 }

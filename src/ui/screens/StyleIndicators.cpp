@@ -84,3 +84,7 @@ void paintTab(QPainter *painter, const QStyleOptionTab &tab, const ThemeDefiniti
         paintFocusRing(painter, QRectF(tab.rect).adjusted(2, 2, -2, -4), StyleMetrics::rowRadius, theme);
     painter->restore();
 }
+
+QSize tabSize(const QSize &contents) {
+    return {contents.width() + 8, std::max(contents.height() + 4, 36)};
+}

@@ -5,6 +5,7 @@
 #include <QRectF>
 
 class QPainter;
+class QSize;
 class QStyleOption;
 class QStyleOptionProgressBar;
 class QStyleOptionTab;
@@ -15,3 +16,5 @@ void paintRadioButton(QPainter *painter, const QStyleOption &option, const Theme
 void paintSwitch(QPainter *painter, const QRectF &rect, qreal position, bool isEnabled, const ThemeDefinition &theme);
 void paintProgress(QPainter *painter, const QStyleOptionProgressBar &bar, const ThemeDefinition &theme);
 void paintTab(QPainter *painter, const QStyleOptionTab &tab, const ThemeDefinition &theme);
+/// `contents` is the size of the text alone.
+QSize tabSize(const QSize &contents);

@@ -42,3 +42,13 @@ void paintSplitter(QPainter *painter, const QStyleOption &option, const ThemeDef
                                       : QRect(option.rect.left(), center.y(), option.rect.width(), 1);
     painter->fillRect(line, theme.border);
 }
+
+QStyleOptionViewItem withRowColors(const QStyleOptionViewItem &item, const ThemeDefinition &theme) {
+    QStyleOptionViewItem adjusted = item;
+    adjusted.palette.setColor(QPalette::HighlightedText, theme.text);
+    return adjusted;
+}
+
+QSize itemSize(const QSize &natural) {
+    return {natural.width(), std::max(natural.height(), 30)};
+}

@@ -6,7 +6,8 @@
 
 class QPainter;
 class QStyleOption;
-class QStyleOptionHeader;
+class QSize;
+class QStyleOptionViewItem;
 
 /// The background of a row: hovered, selected, with the focus ring where the keyboard is.
 void paintItemBackground(QPainter *painter, const QStyleOption &option, const ThemeDefinition &theme);
@@ -16,3 +17,7 @@ void paintSelectionMark(QPainter *painter, const QRectF &row, const ThemeDefinit
 void paintDisclosure(QPainter *painter, const QStyleOption &option, const ThemeDefinition &theme);
 void paintHeaderSection(QPainter *painter, const QStyleOption &option, const ThemeDefinition &theme);
 void paintSplitter(QPainter *painter, const QStyleOption &option, const ThemeDefinition &theme);
+/// The row as the toolkit is to draw it: selected rows keep the colour of their text, for their background is pale.
+QStyleOptionViewItem withRowColors(const QStyleOptionViewItem &item, const ThemeDefinition &theme);
+/// `natural` is the size that the toolkit gives a row.
+QSize itemSize(const QSize &natural);

@@ -1,9 +1,11 @@
 #include "ui/screens/StyleMenus.h"
 
 #include "ui/SystemColors.h"
+#include "ui/screens/ButtonRole.h"
 #include "ui/screens/StyleShapes.h"
 #include "ui/screens/Symbols.h"
 
+#include <QMenu>
 #include <QPainter>
 #include <QStyleOptionMenuItem>
 
@@ -50,6 +52,11 @@ void paintPopupPanel(QPainter *painter, const QStyleOption &option, const ThemeD
     painter->restore();
 }
 
+bool isDestructiveItem(const QStyleOption &option, const QWidget *widget) {
+    const auto *menu = qobject_cast<const QMenu *>(widget);
+    return menu && isDestructive(menu->actionAt(option.rect.center()));
+}
+
 void paintMenuItem(QPainter *painter, const QStyleOptionMenuItem &item, bool isDestructive,
                    const ThemeDefinition &theme) {
     if (item.menuItemType == QStyleOptionMenuItem::Separator) {
@@ -92,4 +99,8 @@ QSize menuItemSize(const QStyleOptionMenuItem &item, const QSize &contents) {
     // The menu itself adds the room for the shortcuts' column.
     const int width = contents.width() + 2 * padding + leadingWidth(item) + 24;
     return {width, std::max(itemHeight, contents.height() + 8)};
+}
+
+QSize menuBarItemSize(const QSize &contents) {
+    return {contents.width() + 20, std::max(contents.height() + 10, 30)};
 }

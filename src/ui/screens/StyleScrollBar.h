@@ -3,10 +3,11 @@
 #include "ui/ThemeDefinition.h"
 
 #include <QRect>
+#include <QStyle>
 
 class QPainter;
 class QStyleOptionSlider;
 
-/// Where the handle lies; a scroll bar has no arrows.
-QRect scrollBarHandle(const QStyleOptionSlider &bar);
+/// Where a part of the scroll bar lies; it has no arrows.
+QRect scrollBarPart(const QStyleOptionSlider &bar, QStyle::SubControl part);
 void paintScrollBar(QPainter *painter, const QStyleOptionSlider &bar, const ThemeDefinition &theme);
