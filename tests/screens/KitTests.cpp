@@ -1,4 +1,5 @@
 #include "screens/ScreenTest.h"
+#include "screens/Widgets.h"
 #include "ui/ThemeManager.h"
 #include "ui/screens/AppStyle.h"
 #include "ui/screens/AvatarView.h"
@@ -17,7 +18,6 @@
 #include "ui/screens/ThemePickerView.h"
 #include "ui/screens/Toggle.h"
 
-#include <QAccessible>
 #include <QAction>
 #include <QDir>
 #include <QLineEdit>
@@ -38,10 +38,6 @@ protected:
         deliverQueuedEvents();
     }
 };
-
-QString accessibleName(QWidget &widget) {
-    return QAccessible::queryAccessibleInterface(&widget)->text(QAccessible::Name);
-}
 
 /// The colour that most of the opaque pixels have.
 QColor inkOf(const QPixmap &pixmap) {
@@ -110,16 +106,17 @@ TEST_F(KitTest, ControlsAreNamedByTheirTextOrHelp) {
     EXPECT_EQ(accessibleName(avatar), u"Anna Weber"_s);
 }
 
-TEST_F(KitTest, ABusyButtonCannotBePressedAndComesBack) {
-    PrimaryButton button(u"Save Changes"_s);
-    QSignalSpy pressed(&button, &QPushButton::clicked);
-    button.setBusy(true);
-    button.click();
-    EXPECT_EQ(pressed.count(), 0);
-    EXPECT_EQ(button.text(), u"Save Changes"_s) << "its name stays for screen readers";
-    button.setBusy(false);
-    button.click();
-    EXPECT_EQ(pressed.count(), 1);
+TEST_F(KitTest, ReturnPressesTheButtonThatHasTheFocus) {
+    QWidget window;
+    QPushButton *const buttons[] = {new PrimaryButton(u"Save"_s, &window), new LinkButton(u"More"_s, &window)};
+    showActive(window);
+    for (auto *button : buttons) {
+        QSignalSpy pressed(button, &QPushButton::clicked);
+        button->setFocus();
+        QTest::keyClick(button, Qt::Key_Return);
+        QTest::keyClick(button, Qt::Key_Enter, Qt::KeypadModifier);
+        EXPECT_EQ(pressed.count(), 2) << qPrintable(button->text());
+    }
 }
 
 TEST_F(KitTest, AChipIsMarkedByItsOwnerAlone) {

@@ -3,6 +3,7 @@
 #include "mail/MailAnswers.h"
 #include "screens/ScreenTest.h"
 #include "screens/Widgets.h"
+#include "ui/screens/CrossFade.h"
 #include "ui/screens/ErrorBanner.h"
 
 #include <QCheckBox>
@@ -146,6 +147,40 @@ TEST_F(SignInScreen, TakesAnotherServer) {
     EXPECT_EQ(*state->serverURL, other.address());
     EXPECT_FALSE(named<QLineEdit>(u"Server Address"_s));
     EXPECT_FALSE(named<QPushButton>(u"Create one"_s));
+}
+
+TEST_F(SignInScreen, ShowsTheWholeServerFormInALowWindow) {
+    view->resize(860, 520);
+    press(u"Create one"_s);
+    press(u"Change Server…"_s);
+    const auto isSeen = [this](const QString &name) {
+        const auto *button = named<QAbstractButton>(name);
+        return button && button->visibleRegion().boundingRect() == button->rect();
+    };
+    EXPECT_TRUE(isSeen(u"Use This Server"_s));
+    named<QCheckBox>(u"Trust the server's own certificate"_s)->click();
+    settle();
+    EXPECT_TRUE(isSeen(u"Use This Server"_s)) << "the warning pushes it down";
+}
+
+TEST_F(SignInScreen, LeavesTheServerFormWithEscape) {
+    auto *change = named<QPushButton>(u"Change Server…"_s);
+    change->setFocus();
+    QTest::keyClick(change, Qt::Key_Return);
+    type(u"Server Address"_s, u"other.example.org"_s);
+    QTest::keyClick(named<QLineEdit>(u"Server Address"_s), Qt::Key_Escape);
+    settle();
+    EXPECT_FALSE(named<QLineEdit>(u"Server Address"_s));
+    EXPECT_TRUE(change->hasFocus());
+    EXPECT_EQ(*state->serverURL, server.address());
+}
+
+TEST_F(SignInScreen, FadesFromOneFormToTheOther) {
+    EXPECT_FALSE(view->findChild<CrossFade *>());
+    press(u"Create one"_s);
+    EXPECT_TRUE(view->findChild<CrossFade *>());
+    EXPECT_TRUE(named<QLineEdit>(u"Full Name"_s)->hasFocus()) << "typing need not wait";
+    EXPECT_TRUE(spinUntil([this] { return !view->findChild<CrossFade *>(); }));
 }
 
 TEST_F(SignInScreen, WarnsOfTrustingAnyCertificate) {

@@ -6,6 +6,7 @@
 #include "ui/screens/BrandMark.h"
 #include "ui/screens/Buttons.h"
 #include "ui/screens/Card.h"
+#include "ui/screens/CrossFade.h"
 #include "ui/screens/ErrorBanner.h"
 #include "ui/screens/FormField.h"
 #include "ui/screens/ThemeLabel.h"
@@ -13,6 +14,7 @@
 #include <QHBoxLayout>
 #include <QLineEdit>
 #include <QScrollArea>
+#include <QScrollBar>
 #include <QVBoxLayout>
 
 namespace {
@@ -49,6 +51,11 @@ LoginView::LoginView(std::shared_ptr<AppState> appState, QWidget *parent)
     scroll->viewport()->setAutoFillBackground(false);
     scroll->setWidget(column);
     column->setAutoFillBackground(false);
+    // In a low window the form grows out of sight when it is opened.
+    connect(scroll->verticalScrollBar(), &QScrollBar::rangeChanged, scroll, [this, scroll, server] {
+        if (server->isAncestorOf(focusWidget()))
+            scroll->ensureWidgetVisible(server);
+    });
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(scroll);
@@ -135,6 +142,8 @@ void LoginView::submit() {
 void LoginView::render() {
     const bool registers = m_viewModel->showRegister;
     const bool isBusy = m_viewModel->isLoading;
+    if (registers != m_showsRegistration)
+        fadeToOtherForm();
     m_heading->setText(registers ? tr("Create Account") : tr("Welcome back"));
     m_subheading->setText(tr("Sign in to your Corvanite account"));
     m_subheading->setVisible(!registers);
@@ -158,6 +167,11 @@ void LoginView::renderFields() {
     }
     if (std::exchange(m_showsRegistration, registers) != registers)
         focusFirstField();
+}
+
+void LoginView::fadeToOtherForm() {
+    if (isVisible())
+        new CrossFade(grab(), this);
 }
 
 void LoginView::focusFirstField() {

@@ -29,6 +29,8 @@ private:
     void submit();
     void render();
     void renderFields();
+    /// Lets what is seen now fade out over what the other form will look like.
+    void fadeToOtherForm();
     void focusFirstField();
 
     std::shared_ptr<AppState> m_appState;

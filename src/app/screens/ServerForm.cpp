@@ -9,6 +9,7 @@
 #include <QCheckBox>
 #include <QHBoxLayout>
 #include <QLineEdit>
+#include <QShortcut>
 #include <QVBoxLayout>
 
 ServerForm::ServerForm(std::shared_ptr<ServerAddressForm> form, QWidget *parent)
@@ -27,13 +28,13 @@ ServerForm::ServerForm(std::shared_ptr<ServerAddressForm> form, QWidget *parent)
 QWidget *ServerForm::makeLine() {
     auto *line = new QWidget;
     m_current = new ThemeLabel({}, TextStyle::footnote, TextRole::secondary);
-    auto *change = new LinkButton(tr("Change Server…"));
-    connect(change, &LinkButton::clicked, this, &ServerForm::open);
+    m_change = new LinkButton(tr("Change Server…"));
+    connect(m_change, &LinkButton::clicked, this, &ServerForm::open);
     auto *layout = new QHBoxLayout(line);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addStretch();
     layout->addWidget(m_current);
-    layout->addWidget(change);
+    layout->addWidget(m_change);
     layout->addStretch();
     return line;
 }
@@ -52,6 +53,7 @@ QWidget *ServerForm::makeEditor() {
     m_error = new ErrorBanner;
     auto *cancel = new QPushButton(tr("Cancel"));
     cancel->setAccessibleName(cancel->text());
+    pressWithReturn(cancel);
     auto *use = new PrimaryButton(tr("Use This Server"));
 
     connect(m_address, &FormField::textEdited, m_form.get(), [this](const QString &text) { m_form->address = text; });
@@ -59,6 +61,8 @@ QWidget *ServerForm::makeEditor() {
     connect(m_trust, &QCheckBox::toggled, m_form.get(), [this](bool on) { m_form->trustsSelfSigned = on; });
     connect(cancel, &QPushButton::clicked, this, &ServerForm::close);
     connect(use, &QPushButton::clicked, this, &ServerForm::apply);
+    auto *escape = new QShortcut(Qt::Key_Escape, card, nullptr, nullptr, Qt::WidgetWithChildrenShortcut);
+    connect(escape, &QShortcut::activated, this, &ServerForm::close);
 
     auto *buttons = new QHBoxLayout;
     buttons->addStretch();
@@ -86,6 +90,7 @@ void ServerForm::open() {
 void ServerForm::close() {
     m_editor->hide();
     m_line->show();
+    m_change->setFocus();
     m_form->reset();
 }
 

@@ -6,6 +6,7 @@
 
 class ErrorBanner;
 class FormField;
+class LinkButton;
 class QCheckBox;
 class ThemeLabel;
 
@@ -30,6 +31,7 @@ private:
     std::shared_ptr<ServerAddressForm> m_form;
     QWidget *m_line, *m_editor;
     ThemeLabel *m_current;
+    LinkButton *m_change;
     FormField *m_address;
     QCheckBox *m_trust;
     ThemeLabel *m_warning;

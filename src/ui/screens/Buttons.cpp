@@ -1,7 +1,6 @@
 #include "ui/screens/Buttons.h"
 
 #include "ui/screens/AppStyle.h"
-#include "ui/screens/Spinner.h"
 #include "ui/screens/StyleShapes.h"
 #include "ui/screens/Symbols.h"
 
@@ -27,35 +26,7 @@ PrimaryButton::PrimaryButton(const QString &text, QWidget *parent)
     : QPushButton(text, parent) {
     setButtonRole(this, ButtonRole::primary);
     setCursor(Qt::PointingHandCursor);
-}
-
-void PrimaryButton::setBusy(bool busy) {
-    if (busy == isBusy())
-        return;
-    setEnabled(!busy);
-    if (busy) {
-        m_spinner = new Spinner(16, this);
-        m_spinner->setColor([](const ThemeDefinition &theme) { return theme.textOnPrimary(); });
-        m_spinner->move((QPointF(width(), height()) / 2 - QPointF(8, 8)).toPoint());
-        m_spinner->show();
-    } else {
-        delete std::exchange(m_spinner, nullptr);
-    }
-}
-
-void PrimaryButton::resizeEvent(QResizeEvent *event) {
-    QPushButton::resizeEvent(event);
-    if (m_spinner)
-        m_spinner->move((QPointF(width(), height()) / 2 - QPointF(8, 8)).toPoint());
-}
-
-void PrimaryButton::paintEvent(QPaintEvent *event) {
-    if (!isBusy())
-        return QPushButton::paintEvent(event);
-    QStylePainter painter(this);
-    QStyleOptionButton option;
-    initStyleOption(&option);
-    painter.drawControl(QStyle::CE_PushButtonBevel, option);
+    pressWithReturn(this);
 }
 
 LinkButton::LinkButton(const QString &text, QWidget *parent)

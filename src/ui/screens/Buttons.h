@@ -5,8 +5,6 @@
 #include <QPushButton>
 #include <QToolButton>
 
-class Spinner;
-
 /// A button's text that shows these words as they are: Qt would take "&" for the mark of a shortcut.
 QString literalButtonText(QString words);
 
@@ -18,17 +16,6 @@ class PrimaryButton : public QPushButton {
     Q_OBJECT
 public:
     explicit PrimaryButton(const QString &text, QWidget *parent = nullptr);
-
-    /// Disabled, with a turning wheel in place of the words.
-    void setBusy(bool busy);
-    bool isBusy() const { return m_spinner; }
-
-protected:
-    void resizeEvent(QResizeEvent *event) override;
-    void paintEvent(QPaintEvent *event) override;
-
-private:
-    Spinner *m_spinner = nullptr;
 };
 
 /// Words that act when pressed, in the accent colour. What there is no room for is cut off with an ellipsis and shown
