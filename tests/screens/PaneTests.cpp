@@ -154,6 +154,18 @@ TEST_F(SidebarTest, KeepsItsWidthForTheNextStart) {
     EXPECT_EQ(next.sizes().constFirst(), 280);
 }
 
+TEST_F(SidebarTest, KeepsTheWidthOfADragThatTheEndInterrupts) {
+    {
+        SidebarSplitView view(new QWidget, new QWidget, defaults);
+        view.resize(1200, 600);
+        view.show();
+        QTest::mousePress(view.handle(1), Qt::LeftButton, {}, QPoint(2, 100));
+        QTest::mouseMove(view.handle(1), QPoint(42, 100));
+        EXPECT_EQ(defaults.integer(u"Corvanite.Sidebar"_s), std::nullopt);
+    }
+    EXPECT_EQ(defaults.integer(u"Corvanite.Sidebar"_s), 280);
+}
+
 TEST_F(SidebarTest, IsNeverNarrowerOrWiderThanItMayBe) {
     defaults.set(u"Corvanite.Sidebar"_s, 9000);
     SidebarSplitView view(new QWidget, new QWidget, defaults);

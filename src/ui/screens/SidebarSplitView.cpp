@@ -29,6 +29,12 @@ SidebarSplitView::SidebarSplitView(QWidget *sidebar, QWidget *content, UserDefau
             [this] { m_pendingStore = Clock::shared().after(300ms, [this] { storeWidth(); }); });
 }
 
+SidebarSplitView::~SidebarSplitView() {
+    if (m_pendingStore)
+        storeWidth();
+}
+
 void SidebarSplitView::storeWidth() {
+    m_pendingStore.reset();
     m_defaults.set(autosaveName, sizes().constFirst());
 }

@@ -11,6 +11,7 @@ class SidebarSplitView : public QSplitter {
 public:
     SidebarSplitView(QWidget *sidebar, QWidget *content, UserDefaults &defaults = UserDefaults::standard(),
                      QWidget *parent = nullptr);
+    ~SidebarSplitView() override;
 
 private:
     void storeWidth();
