@@ -1,12 +1,16 @@
 #include "driver/DevServerProcess.h"
 
 #include <QUrl>
+#include <csignal>
 #include <stdexcept>
+#include <sys/prctl.h>
 
 using namespace Qt::StringLiterals;
 
 DevServerProcess::DevServerProcess(const QStringList &arguments)
     : m_arguments(arguments) {
+    // It does not outlive tests that crash.
+    m_process.setChildProcessModifier([] { prctl(PR_SET_PDEATHSIG, SIGTERM); });
     start(u"0"_s);
 }
 
