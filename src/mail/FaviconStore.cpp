@@ -91,7 +91,8 @@ QCoro::Task<> FaviconStore::fetch(QString domain) {
     if (response && (response->status != 200 || response->body.size() < shortestIcon)) {
         keep(domain, {});
     } else if (response) {
-        const auto icon = co_await runInBackground([bytes = response->body] { return decodedIcon(bytes); });
+        const auto decode = [bytes = response->body] { return decodedIcon(bytes); };
+        const auto icon = co_await runInBackground(decode);
         keep(domain, icon);
     }
     m_fetching.erase(domain);
