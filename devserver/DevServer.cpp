@@ -6,7 +6,9 @@ namespace fs = std::filesystem;
 
 namespace {
 
-const NewAccount demoAccount{"demo", "corvanite", "dana@corvanite.example", "Dana Okafor", true};
+const NewAccount demoAccount{
+    "demo",        "corvanite", "dana@corvanite.example",
+    "Dana Okafor", true,        {{"ai_provider", "builtin"}, {"ai_model", "word-weights"}, {"has_ai_key", true}}};
 
 fs::path madeFolder(const fs::path &folder) {
     fs::create_directories(folder);
@@ -44,17 +46,19 @@ DevServer::DevServer(const ServerOptions &options)
     : m_options(options)
     , m_accounts(madeFolder(options.state) / "accounts.sqlite")
     , m_jobs(options.state / "jobs.sqlite")
-    , m_mailboxes(options.state, m_events)
+    , m_blocked(options.state / "blocked.sqlite")
+    , m_mailboxes(options.state, m_blocked, m_events)
     , m_runner(m_jobs, options.jobPause)
-    , m_context{options, m_accounts, m_events, m_mailboxes, m_jobs, m_runner}
+    , m_context{options, m_accounts, m_events, m_mailboxes, m_jobs, m_runner, m_blocked}
     , m_frontend(options, m_router, m_accounts) {
     addRoutes();
     openMailboxes();
 }
 
 void DevServer::addRoutes() {
-    for (const auto add : {addAuthRoutes, addFolderRoutes, addListRoutes, addReadRoutes, addAttachmentRoutes,
-                           addChangeRoutes, addJobRoutes, addEventRoutes, addChatRoutes})
+    for (const auto add :
+         {addAuthRoutes, addFolderRoutes, addListRoutes, addReadRoutes, addAttachmentRoutes, addChangeRoutes,
+          addJobRoutes, addEventRoutes, addChatRoutes, addBlockedRoutes, addAIRoutes, addFaviconRoutes})
         add(m_router, m_context);
 }
 

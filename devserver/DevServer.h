@@ -24,6 +24,7 @@ private:
     EventHub m_events;
     AccountStore m_accounts;
     JobStore m_jobs;
+    BlockedStore m_blocked;
     MailboxRegistry m_mailboxes;
     // Behind what its jobs use, so that it ends before.
     JobRunner m_runner;

@@ -7,7 +7,7 @@
 #include <stdexcept>
 
 const char *const serverUsage = R"(usage: corvanite-devserver [options]
-       corvanite-devserver --fill N DIR
+       corvanite-devserver --fill N DIR [--attachment MB]
 
 A webmail server for development. It serves mail of a Maildir on 127.0.0.1 and prints one line,
 "listening http://127.0.0.1:PORT", as soon as it answers. Without --account there is one account,
@@ -27,6 +27,7 @@ user name "demo", password "corvanite", with a mailbox to try things with.
   --job-pause MS           how long a background job rests before each ten messages (default 400)
   --verbose                log requests to the standard error
   --fill N DIR             write a Maildir with N messages and end
+  --attachment MB          with --fill: the newest message comes with a file of so many megabytes
   --help                   show this
 )";
 
@@ -97,6 +98,12 @@ private:
         m_options.fill = FillOption{messages, value()};
     }
 
+    void readAttachment() {
+        if (!m_options.fill)
+            throw std::runtime_error("--attachment needs --fill before it");
+        m_options.fill->attachment = number();
+    }
+
     const std::vector<std::string> &m_arguments;
     std::size_t m_next = 0;
     std::string m_option;
@@ -114,6 +121,7 @@ private:
         {"--job-pause", [this] { m_options.jobPause = std::chrono::milliseconds(number()); }},
         {"--verbose", [this] { m_options.isVerbose = true; }},
         {"--fill", [this] { readFill(); }},
+        {"--attachment", [this] { readAttachment(); }},
         {"--help", [this] { m_options.wantsHelp = true; }},
     };
 };

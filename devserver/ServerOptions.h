@@ -20,6 +20,8 @@ struct FailOption {
 struct FillOption {
     int messages = 0;
     std::filesystem::path folder;
+    /// Megabytes of the file that comes with the newest message; 0 for none.
+    int attachment = 0;
 };
 
 struct ServerOptions {

@@ -44,7 +44,7 @@ void runCommand(const ServerOptions &options) {
     if (options.wantsHelp)
         std::cout << serverUsage;
     else if (options.fill)
-        fillMaildir(options.fill->folder, options.fill->messages, std::chrono::system_clock::now());
+        fillMaildir(*options.fill, std::chrono::system_clock::now());
     else
         serve(options);
 }

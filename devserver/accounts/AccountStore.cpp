@@ -69,14 +69,13 @@ Account AccountStore::create(const NewAccount &wish) {
     checkWish(wish);
     if (find(wish.username) || find(wish.email))
         throw APIError(409, "This user name or mail address is taken");
-    const Account account{randomHex(12), wish.username,        wish.email,
-                          wish.fullName, wish.isAdministrator, nlohmann::json::object()};
+    const Account account{randomHex(12), wish.username, wish.email, wish.fullName, wish.isAdministrator, wish.settings};
     const auto hash = hashPassword(wish.password);
     const std::lock_guard lock(m_mutex);
-    const int created =
-        m_database.run("INSERT OR IGNORE INTO account (id, username, email, full_name, administrator, "
-                       "password_hash) VALUES (?, ?, ?, ?, ?, ?)",
-                       account.id, account.username, account.email, account.fullName, account.isAdministrator, hash);
+    const int created = m_database.run("INSERT OR IGNORE INTO account (id, username, email, full_name, administrator, "
+                                       "password_hash, settings) VALUES (?, ?, ?, ?, ?, ?, ?)",
+                                       account.id, account.username, account.email, account.fullName,
+                                       account.isAdministrator, hash, account.settings.dump());
     if (created == 0)
         throw APIError(409, "This user name or mail address is taken");
     return account;

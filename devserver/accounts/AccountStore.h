@@ -13,6 +13,7 @@ struct NewAccount {
     std::string email;
     std::string fullName;
     bool isAdministrator = false;
+    nlohmann::json settings = nlohmann::json::object();
 };
 
 /// Accounts and their sessions. Safe from any thread. Tokens and passwords are stored as hashes only.

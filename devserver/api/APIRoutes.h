@@ -5,6 +5,7 @@
 #include "http/Router.h"
 #include "jobs/JobRunner.h"
 #include "mailbox/MailboxRegistry.h"
+#include "rules/BlockedStore.h"
 
 /// What handlers work with; lives as long as the server.
 struct ServerContext {
@@ -14,6 +15,7 @@ struct ServerContext {
     MailboxRegistry &mailboxes;
     JobStore &jobs;
     JobRunner &runner;
+    BlockedStore &blocked;
 
     Mailbox &mailbox(const APIRequest &request) const { return mailboxes.of(request.account()); }
 };
@@ -28,3 +30,6 @@ void addChangeRoutes(Router &router, ServerContext &context);
 void addJobRoutes(Router &router, ServerContext &context);
 void addEventRoutes(Router &router, ServerContext &context);
 void addChatRoutes(Router &router, ServerContext &context);
+void addBlockedRoutes(Router &router, ServerContext &context);
+void addAIRoutes(Router &router, ServerContext &context);
+void addFaviconRoutes(Router &router, ServerContext &context);

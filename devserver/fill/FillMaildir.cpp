@@ -1,5 +1,6 @@
 #include "fill/FillMaildir.h"
 
+#include "demo/mime/TransferEncoding.h"
 #include "maildir/MaildirTree.h"
 
 #include <array>
@@ -33,17 +34,32 @@ constexpr std::array sentences{
     "Thank you for the quick answer.",
 };
 
+std::string withCRLF(const std::string &lines) {
+    std::string out;
+    out.reserve(lines.size() + lines.size() / 50);
+    for (const char character : lines)
+        out.append(character == '\n' ? "\r" : "").push_back(character);
+    return out;
+}
+
 class MessageWriter {
 public:
     explicit MessageWriter(std::time_t now)
         : m_now(now) {}
 
-    std::string message(int number, std::time_t time) {
-        const auto subject = std::string(number % 4 == 0 ? "Re: " : "") + pick(topics) + " " + std::to_string(number);
-        return "From: " + std::string(pick(people)) +
-               "\r\nTo: Dana Okafor <dana@corvanite.example>\r\nSubject: " + subject + "\r\nDate: " + date(time) +
-               "\r\nMessage-ID: <fill-" + std::to_string(number) + "@corvanite.example>\r\nMIME-Version: 1.0\r\n" +
-               content(number);
+    std::string message(int number, std::time_t time) { return heading(number, time) + content(number); }
+
+    /// With a file of this many bytes that no compression makes smaller.
+    std::string messageWithFile(int number, std::time_t time, std::size_t size) {
+        std::string bytes(size, '\0');
+        for (auto &byte : bytes)
+            byte = static_cast<char>(m_random() >> 8);
+        return heading(number, time) + "Content-Type: multipart/mixed; boundary=\"mixed\"\r\n\r\n--mixed\r\n" +
+               "Content-Type: text/plain\r\n\r\n" + prose() +
+               "\r\n--mixed\r\nContent-Type: application/octet-stream; name=\"measurements.bin\"\r\n"
+               "Content-Disposition: attachment; filename=\"measurements.bin\"\r\n"
+               "Content-Transfer-Encoding: base64\r\n\r\n" +
+               withCRLF(TransferEncoding::base64(bytes)) + "--mixed--\r\n";
     }
 
     /// Spread over two years, the later ones closer together.
@@ -54,6 +70,13 @@ public:
     }
 
 private:
+    std::string heading(int number, std::time_t time) {
+        const auto subject = std::string(number % 4 == 0 ? "Re: " : "") + pick(topics) + " " + std::to_string(number);
+        return "From: " + std::string(pick(people)) +
+               "\r\nTo: Dana Okafor <dana@corvanite.example>\r\nSubject: " + subject + "\r\nDate: " + date(time) +
+               "\r\nMessage-ID: <fill-" + std::to_string(number) + "@corvanite.example>\r\nMIME-Version: 1.0\r\n";
+    }
+
     template <typename List> const char *pick(const List &list) { return list[m_random() % list.size()]; }
 
     static std::string date(std::time_t time) {
@@ -96,7 +119,8 @@ void writeFile(const std::filesystem::path &path, const std::string &bytes) {
 
 } // namespace
 
-void fillMaildir(const std::filesystem::path &folder, int messages, std::chrono::system_clock::time_point now) {
+void fillMaildir(const FillOption &wish, std::chrono::system_clock::time_point now) {
+    const auto &[messages, folder, attachment] = wish;
     MaildirTree::makeMaildir(folder);
     for (const char *name : {".Sent", ".Drafts", ".Trash", ".Junk", ".Archive"})
         MaildirTree::makeMaildir(folder / name);
@@ -106,6 +130,8 @@ void fillMaildir(const std::filesystem::path &folder, int messages, std::chrono:
         const auto base = std::to_string(time) + ".F" + std::to_string(number) + ".corvanite";
         const bool isUnread = number % 10 == 0;
         const auto flags = std::string(number % 25 == 0 ? "F" : "") + (isUnread ? "" : "S");
-        writeFile(folder / "cur" / (base + ":2," + flags), writer.message(number, time));
+        const auto size = number == messages ? static_cast<std::size_t>(attachment) << 20 : 0;
+        writeFile(folder / "cur" / (base + ":2," + flags),
+                  size > 0 ? writer.messageWithFile(number, time, size) : writer.message(number, time));
     }
 }

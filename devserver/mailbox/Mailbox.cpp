@@ -19,13 +19,18 @@ std::string listKey(const std::string &folder, std::int64_t page, std::int64_t p
 } // namespace
 
 Mailbox::Mailbox(std::string accountID, std::map<std::string, std::string> roles, const std::filesystem::path &maildir,
-                 const std::filesystem::path &indexFile, EventHub &events)
+                 const std::filesystem::path &indexFile, BlockedStore &blocked, EventHub &events)
     : m_accountID(std::move(accountID))
     , m_roles(std::move(roles))
     , m_tree(maildir)
     , m_index(indexFile)
+    , m_blocked(blocked)
     , m_events(events) {
-    syncAll();
+    // Under a new index old mail looks like a delivery, but only that which came since the last run is one.
+    const bool isKnown = !m_index.folderPaths().empty();
+    auto changes = syncAll();
+    if (isKnown)
+        dropBlocked(changes);
 }
 
 Mailbox::~Mailbox() = default;
@@ -35,7 +40,9 @@ void Mailbox::watch() {
         m_tree.root(), [this](const auto &folders, bool treeChanged) { filesChanged(folders, treeChanged); });
     // What came between the first reading and the watch.
     const Lock lock(m_mutex);
-    announce(syncAll());
+    auto changes = syncAll();
+    dropBlocked(changes);
+    announce(changes);
 }
 
 std::filesystem::path Mailbox::directory(const std::string &folder) const {
@@ -133,7 +140,7 @@ std::string Mailbox::bytes(const std::string &folder, std::int64_t uid) {
     for (int i = 0; i < attempts; ++i) {
         if (auto bytes = readWholeFile(fileOf(folder, found(folder, uid))))
             return std::move(*bytes);
-        announce({syncFolder(m_index, folder, directory(folder))});
+        syncAndAnnounce(folder);
     }
     throw APIError(404, "The message is gone");
 }
@@ -149,7 +156,7 @@ FolderChanges Mailbox::change(const std::string &folder, const std::vector<std::
             const auto message = m_index.find(id, uid);
             if (!message || step(*message, changes))
                 break;
-            announce({syncFolder(m_index, folder, directory(folder))});
+            syncAndAnnounce(folder);
         }
     }
     if (!changes.empty())

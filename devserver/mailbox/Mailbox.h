@@ -3,6 +3,7 @@
 #include "http/EventHub.h"
 #include "mailbox/FolderSync.h"
 #include "maildir/MaildirWatcher.h"
+#include "rules/BlockedStore.h"
 
 #include <memory>
 #include <mutex>
@@ -28,7 +29,7 @@ public:
     /// `roles` maps a role such as "trash" to the folder path that the account wants for it. `indexFile` lies outside
     /// of the Maildir. Reads what is there before it returns.
     Mailbox(std::string accountID, std::map<std::string, std::string> roles, const std::filesystem::path &maildir,
-            const std::filesystem::path &indexFile, EventHub &events);
+            const std::filesystem::path &indexFile, BlockedStore &blocked, EventHub &events);
     ~Mailbox();
 
     /// Starts announcing what other programs do to the Maildir.
@@ -78,7 +79,12 @@ private:
 
     void filesChanged(const std::set<std::filesystem::path> &directories, bool treeChanged);
     std::vector<FolderChanges> syncAll();
+    void syncAndAnnounce(const std::string &folder);
     void forgetMissingFolders();
+
+    /// Removes what has just been delivered and is not wanted, as if it had never come.
+    void dropBlocked(std::vector<FolderChanges> &changes);
+    bool dropIfBlocked(const std::string &folder, std::int64_t uid);
 
     void announce(const std::vector<FolderChanges> &changes);
     void announceFolder(const FolderChanges &changes);
@@ -90,6 +96,7 @@ private:
     std::map<std::string, std::string> m_roles;
     MaildirTree m_tree;
     MessageIndex m_index;
+    BlockedStore &m_blocked;
     EventHub &m_events;
     std::map<std::string, ListPage> m_lastLists;
     std::unique_ptr<MaildirWatcher> m_watcher;

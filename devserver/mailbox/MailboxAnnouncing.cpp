@@ -10,7 +10,9 @@ constexpr std::size_t latestShown = 5;
 void Mailbox::filesChanged(const std::set<std::filesystem::path> &directories, bool treeChanged) {
     const Lock lock(m_mutex);
     if (treeChanged) {
-        announce(syncAll());
+        auto changes = syncAll();
+        dropBlocked(changes);
+        announce(changes);
         announceFolders();
         return;
     }
@@ -20,6 +22,13 @@ void Mailbox::filesChanged(const std::set<std::filesystem::path> &directories, b
             changes.push_back(syncFolder(m_index, path, directory));
     }
     separateMovesFromDeliveries(changes);
+    dropBlocked(changes);
+    announce(changes);
+}
+
+void Mailbox::syncAndAnnounce(const std::string &folder) {
+    std::vector<FolderChanges> changes{syncFolder(m_index, folder, directory(folder))};
+    dropBlocked(changes);
     announce(changes);
 }
 
@@ -38,6 +47,21 @@ void Mailbox::forgetMissingFolders() {
         if (!present.contains(path))
             m_index.removeFolder(path);
     }
+}
+
+void Mailbox::dropBlocked(std::vector<FolderChanges> &changes) {
+    for (auto &folder : changes)
+        std::erase_if(folder.delivered, [&](std::int64_t uid) { return dropIfBlocked(folder.folder, uid); });
+}
+
+bool Mailbox::dropIfBlocked(const std::string &folder, std::int64_t uid) {
+    const auto id = m_index.folder(folder).id;
+    const auto message = m_index.find(id, uid);
+    if (!message || !m_blocked.blocks(m_accountID, message->from, message->subject))
+        return false;
+    std::filesystem::remove(fileOf(folder, *message));
+    m_index.erase(id, uid);
+    return true;
 }
 
 void Mailbox::announce(const std::vector<FolderChanges> &changes) {

@@ -2,8 +2,9 @@
 
 #include "mime/TextDecoding.h"
 
-MailboxRegistry::MailboxRegistry(std::filesystem::path stateFolder, EventHub &events)
+MailboxRegistry::MailboxRegistry(std::filesystem::path stateFolder, BlockedStore &blocked, EventHub &events)
     : m_stateFolder(std::move(stateFolder))
+    , m_blocked(blocked)
     , m_events(events) {
     std::filesystem::create_directories(m_stateFolder / "index");
 }
@@ -31,7 +32,7 @@ Mailbox &MailboxRegistry::openLocked(const Account &account, const std::filesyst
     const auto roles = accountRecord(account)["folder_mapping"].get<std::map<std::string, std::string>>();
     const auto index = m_stateFolder / "index" / (account.id + ".sqlite");
     auto &mailbox = m_mailboxes[account.id];
-    mailbox = std::make_unique<Mailbox>(account.id, roles, maildir, index, m_events);
+    mailbox = std::make_unique<Mailbox>(account.id, roles, maildir, index, m_blocked, m_events);
     mailbox->watch();
     return *mailbox;
 }

@@ -6,7 +6,7 @@
 /// The open mailboxes by account. Safe from any thread.
 class MailboxRegistry {
 public:
-    MailboxRegistry(std::filesystem::path stateFolder, EventHub &events);
+    MailboxRegistry(std::filesystem::path stateFolder, BlockedStore &blocked, EventHub &events);
 
     /// Opens an account's mailbox over `maildir`.
     void open(const Account &account, const std::filesystem::path &maildir);
@@ -20,6 +20,7 @@ private:
 
     std::mutex m_mutex;
     std::filesystem::path m_stateFolder;
+    BlockedStore &m_blocked;
     EventHub &m_events;
     std::map<std::string, std::unique_ptr<Mailbox>> m_mailboxes;
 };

@@ -24,14 +24,22 @@ std::string stamp(Mailbag::Time time) {
     return out.data();
 }
 
+/// A comma would begin another value.
+std::string escaped(const std::string &text) {
+    std::string out;
+    for (const char character : text)
+        out += character == ',' ? "\\," : std::string(1, character);
+    return out;
+}
+
 std::string calendar(const Mailbag &bag, const Invitation &invitation) {
     const Mailbag::Time start = std::chrono::floor<std::chrono::days>(bag.at(invitation.sent)) +
                                 std::chrono::days(invitation.daysAhead) + std::chrono::hours(9);
     return "BEGIN:VCALENDAR\r\nVERSION:2.0\r\nPRODID:-//Corvanite//Calendar//EN\r\nMETHOD:" + invitation.method +
            "\r\nBEGIN:VEVENT\r\nUID:" + stamp(start) + "-" + invitation.organiser.address +
            "\r\nDTSTAMP:" + stamp(bag.at(invitation.sent)) + "\r\nDTSTART:" + stamp(start) +
-           "\r\nDTEND:" + stamp(start + std::chrono::hours(1)) + "\r\nSUMMARY:" + invitation.title +
-           "\r\nLOCATION:" + invitation.place + "\r\nORGANIZER;CN=" + invitation.organiser.name +
+           "\r\nDTEND:" + stamp(start + std::chrono::hours(1)) + "\r\nSUMMARY:" + escaped(invitation.title) +
+           "\r\nLOCATION:" + escaped(invitation.place) + "\r\nORGANIZER;CN=" + invitation.organiser.name +
            ":mailto:" + invitation.organiser.address +
            "\r\nATTENDEE;PARTSTAT=NEEDS-ACTION;RSVP=TRUE;CN=Dana Okafor:mailto:dana@corvanite.example\r\nSTATUS:" +
            (invitation.method == "CANCEL" ? "CANCELLED" : "CONFIRMED") + "\r\nEND:VEVENT\r\nEND:VCALENDAR\r\n";
@@ -55,12 +63,12 @@ void addInvitation(Mailbag &bag, const Invitation &invitation) {
 
 void addInvitations(Mailbag &bag) {
     for (const Invitation &invitation :
-         {Invitation{People::rosalind, hoursAgo(3, 5), "Walk along Berth 4", "Lower landing\\, Port of Merrow", 3,
+         {Invitation{People::rosalind, hoursAgo(3, 5), "Walk along Berth 4", "Lower landing, Port of Merrow", 3,
                      "REQUEST", ""},
           Invitation{People::priya, daysAgo(1, 5, 0), "Tide API 2.3: go or no-go", "Blue room", 3},
           Invitation{People::sunniva, daysAgo(8, 8, 15), "Fire drill", "Courtyard", 6},
-          Invitation{People::quentin, daysAgo(26, 14, 30), "Dredging: site visit", "Inner basin\\, north quay", 5},
-          Invitation{People::quentin, daysAgo(25, 9, 0), "Dredging: site visit", "Inner basin\\, north quay", 4,
+          Invitation{People::quentin, daysAgo(26, 14, 30), "Dredging: site visit", "Inner basin, north quay", 5},
+          Invitation{People::quentin, daysAgo(25, 9, 0), "Dredging: site visit", "Inner basin, north quay", 4,
                      "CANCEL"}})
         addInvitation(bag, invitation);
 }
