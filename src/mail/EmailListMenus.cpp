@@ -12,7 +12,9 @@ std::vector<MenuEntry> folderEntries(const EmailListState &list, const MoveTo &m
     std::vector<MenuEntry> entries;
     for (const auto &folder : list.contextMenuFolders.get())
         if (folder.path != list.folder->path)
-            entries.push_back({.text = folder.name, .perform = [move, path = folder.path] { move(path); }});
+            entries.push_back({.text = folder.name, .icon = folderIcon(folder), .perform = [move, path = folder.path] {
+                                   move(path);
+                               }});
     return entries;
 }
 

@@ -224,6 +224,14 @@ std::vector<EmailDragData> EmailListState::dragData(qint64 uid) const {
     return items;
 }
 
+// Otherwise the last one to leave would be opened on its way.
+void EmailListState::noteDropped(const std::vector<EmailDragData> &items) {
+    auto selection = viewModel->selectedEmails.get();
+    for (const auto &item : items)
+        selection.erase(item.uid);
+    setSelection(selection);
+}
+
 void EmailListState::perform(MacMailAction action) {
     switch (action) {
     case MacMailAction::refresh:

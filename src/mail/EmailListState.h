@@ -64,6 +64,8 @@ public:
     std::optional<EmailSummary> email(qint64 uid) const;
     /// What is dragged with this row: all selected ones when it is one of them, in the list's order.
     std::vector<EmailDragData> dragData(qint64 uid) const;
+    /// The dragged messages were dropped where they are wanted: they are no longer selected.
+    void noteDropped(const std::vector<EmailDragData> &items);
     /// Does what the menu bar asks of a message list.
     void perform(MacMailAction action);
 

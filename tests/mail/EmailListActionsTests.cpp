@@ -417,6 +417,15 @@ TEST_F(EmailListActionsTest, DragOneRowOrTheSelection) {
     EXPECT_THAT(list->dragData(2), ElementsAre(EmailDragData{2, u"Work"_s}));
 }
 
+TEST_F(EmailListActionsTest, DeselectWhatWasDropped) {
+    list->setSelection({1, 2, 3});
+    list->noteDropped({{1, u"Work"_s}, {2, u"Work"_s}, {3, u"Work"_s}});
+    EXPECT_THAT(*list->viewModel->selectedEmails, IsEmpty());
+    list->setSelection({3});
+    list->noteDropped({{1, u"Work"_s}});
+    EXPECT_EQ(openUID(), 3);
+}
+
 TEST_F(EmailListActionsTest, LeadFromTheMenuBarToTheSearchAndADialog) {
     list->perform(MacMailAction::search);
     EXPECT_TRUE(list->searchFocused);

@@ -120,6 +120,40 @@ TEST_F(ListGestures, ArrowKeysReachTheActionsOfARow) {
     expectBody(request, R"({"uid": 1, "from_folder": "Work", "to_folder": "Archive"})");
 }
 
+TEST_F(ListGestures, PressSelectsOnlyWhenItIsReleased) {
+    open({1, 2, 3});
+    QTest::mousePress(rows().viewport(), Qt::LeftButton, {}, place(1));
+    EXPECT_THAT(selected(), IsEmpty());
+    QTest::mouseRelease(rows().viewport(), Qt::LeftButton, {}, place(1));
+    EXPECT_THAT(selected(), ElementsAre(2));
+    QTest::mouseClick(rows().viewport(), Qt::LeftButton, Qt::ControlModifier, place(2));
+    EXPECT_THAT(selected(), ElementsAre(2, 3));
+    QTest::mousePress(rows().viewport(), Qt::LeftButton, {}, place(2));
+    EXPECT_THAT(selected(), ElementsAre(2, 3));
+    QTest::mouseRelease(rows().viewport(), Qt::LeftButton, {}, place(2));
+    EXPECT_THAT(selected(), ElementsAre(3));
+}
+
+TEST_F(ListGestures, PullAtTheTopReadsThePageAgain) {
+    open({1, 2, 3});
+    const auto pull = [this](int distance, Qt::ScrollPhase phase) {
+        QWheelEvent event(place(1), place(1), {0, distance}, {0, distance}, Qt::NoButton, Qt::NoModifier, phase, false);
+        QCoreApplication::sendEvent(rows().viewport(), &event);
+    };
+    for (const int distance : {89, 90}) {
+        if (distance == 90)
+            expectPage().json(pageJSON(emptyEmails({1})));
+        pull(0, Qt::ScrollBegin);
+        pull(distance, Qt::ScrollUpdate);
+        pull(0, Qt::ScrollEnd);
+        settle();
+    }
+    EXPECT_EQ(rows().model()->rowCount(), 1);
+    pull(500, Qt::NoScrollPhase);
+    settle();
+    server.assertSilence();
+}
+
 TEST_F(ListGestures, DeleteKeyMovesTheSelectionToTheTrashAtOnce) {
     open({1, 2, 3});
     click(0);

@@ -42,9 +42,7 @@ QPixmap dragCard(const QString &words, qreal devicePixelRatio) {
 
 } // namespace
 
-void dragEmails(QWidget *list, const std::vector<EmailDragData> &items, const QString &subject) {
-    if (items.empty())
-        return;
+bool dragEmails(QWidget *list, const std::vector<EmailDragData> &items, const QString &subject) {
     auto *data = new QMimeData;
     data->setData(emailDragType, encodeEmailDrag(items));
     auto *drag = new QDrag(list);
@@ -52,5 +50,5 @@ void dragEmails(QWidget *list, const std::vector<EmailDragData> &items, const QS
     drag->setPixmap(dragCard(items.size() == 1 ? subject : QObject::tr("%1 messages").arg(items.size()),
                              list->devicePixelRatioF()));
     drag->setHotSpot({-padding, cardHeight / 2});
-    drag->exec(Qt::MoveAction);
+    return drag->exec(Qt::MoveAction) == Qt::MoveAction;
 }

@@ -3,6 +3,7 @@
 #include "mail/EmailListMenus.h"
 #include "mail/screens/EntryMenu.h"
 #include "ui/screens/Buttons.h"
+#include "ui/screens/Spinner.h"
 
 #include <QHBoxLayout>
 
@@ -16,6 +17,9 @@ EmailListToolbar::EmailListToolbar(std::shared_ptr<EmailListState> state, QWidge
     m_trash = add(layout, QStringLiteral("trash"), tr("Move to Trash (⌘Delete)"));
     m_move = add(layout, QStringLiteral("folder"), tr("Move selected messages"));
     layout->addSpacing(6);
+    m_scan = new Spinner(14);
+    m_scan->setToolTip(tr("Check for Spam with AI"));
+    layout->addWidget(m_scan);
     m_filter = add(layout, QStringLiteral("line.3.horizontal.decrease.circle"), tr("Filter emails"));
     auto *refresh = add(layout, QStringLiteral("arrow.clockwise"), tr("Get New Mail (⇧⌘N)"));
     m_filter->setCheckable(true);
@@ -27,6 +31,7 @@ EmailListToolbar::EmailListToolbar(std::shared_ptr<EmailListState> state, QWidge
     connect(m_filter, &IconButton::clicked, this, &EmailListToolbar::showFilters);
     connect(refresh, &IconButton::clicked, m_state.get(), &EmailListState::reload);
     observe(m_state.get(), this, &EmailListToolbar::render);
+    observe(actions.get(), this, &EmailListToolbar::render);
 }
 
 IconButton *EmailListToolbar::add(QHBoxLayout *layout, const QString &symbol, const QString &help) {
@@ -39,6 +44,7 @@ void EmailListToolbar::render() {
     const bool hasSelection = !m_state->viewModel->selectedEmails->empty();
     for (auto *button : {m_archive, m_trash, m_move})
         button->setEnabled(hasSelection);
+    m_scan->setVisible(m_state->actions->isCheckingSpam);
     const bool hasFilters = m_state->viewModel->hasActiveFilters();
     m_filter->setChecked(hasFilters);
     m_filter->setSymbol(hasFilters ? QStringLiteral("line.3.horizontal.decrease.circle.fill")

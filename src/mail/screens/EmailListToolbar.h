@@ -6,6 +6,7 @@
 
 class IconButton;
 class QHBoxLayout;
+class Spinner;
 
 /// The buttons over a message list: what can be done to the selected messages, the filters, and reading the page again.
 class EmailListToolbar final : public QWidget {
@@ -19,5 +20,6 @@ private:
     void showFilters();
 
     std::shared_ptr<EmailListState> m_state;
+    Spinner *m_scan;
     IconButton *m_archive, *m_trash, *m_move, *m_filter;
 };

@@ -12,6 +12,7 @@
 #include "mail/screens/EmailRowsView.h"
 #include "mail/screens/EntryMenu.h"
 #include "mail/screens/FilterChips.h"
+#include "mail/screens/PullToRefresh.h"
 #include "ui/screens/EmptyStateView.h"
 #include "ui/screens/SearchBar.h"
 #include "ui/screens/SkeletonView.h"
@@ -80,6 +81,7 @@ void EmailListView::setUpList() {
     m_list->setModel(&m_state->rows);
     connectList();
     new EmailRowSwipes(m_state, m_list);
+    connect(new PullToRefresh(m_list), &PullToRefresh::pulled, m_state.get(), &EmailListState::reload);
     keepPlace();
 }
 
@@ -141,7 +143,11 @@ void EmailListView::showMenu(const QModelIndex &index, const QPoint &globalPosit
 
 void EmailListView::drag(const QModelIndex &index) {
     const auto &row = m_state->rows.row(index.row());
-    dragEmails(m_list, m_state->dragData(row.uid), row.subject);
+    const auto items = m_state->dragData(row.uid);
+    // The list may be gone by the time of the drop.
+    const auto state = m_state;
+    if (dragEmails(m_list, items, row.subject))
+        state->noteDropped(items);
 }
 
 void EmailListView::showEvent(QShowEvent *event) {

@@ -116,6 +116,16 @@ void EmailRowsView::mouseDoubleClickEvent(QMouseEvent *event) {
         QListView::mouseDoubleClickEvent(event);
 }
 
+/// A row is selected when the button is released: one that is dragged away must not be opened and marked as read.
+QItemSelectionModel::SelectionFlags EmailRowsView::selectionCommand(const QModelIndex &index,
+                                                                    const QEvent *event) const {
+    const auto *mouse = dynamic_cast<const QMouseEvent *>(event);
+    if (!mouse || mouse->modifiers() != Qt::NoModifier || !index.isValid())
+        return QListView::selectionCommand(index, event);
+    const bool isRelease = mouse->type() == QEvent::MouseButtonRelease && index == m_pressedRow;
+    return isRelease ? QItemSelectionModel::ClearAndSelect : QItemSelectionModel::NoUpdate;
+}
+
 void EmailRowsView::contextMenuEvent(QContextMenuEvent *event) {
     if (event->reason() == QContextMenuEvent::Keyboard)
         return requestMenuOfCurrent();

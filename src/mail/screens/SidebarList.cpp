@@ -55,16 +55,25 @@ void SidebarList::dragEnterEvent(QDragEnterEvent *event) {
 void SidebarList::dragMoveEvent(QDragMoveEvent *event) {
     const auto target = targetOf(*event);
     markTarget(target);
+    scrollNearEdges(event->position().toPoint().y());
     event->setDropAction(Qt::MoveAction);
     event->setAccepted(target.isValid());
 }
 
+/// Folders out of sight come into reach.
+void SidebarList::scrollNearEdges(int y) {
+    if (y < autoScrollMargin() || y > viewport()->height() - autoScrollMargin())
+        startAutoScroll();
+}
+
 void SidebarList::dragLeaveEvent(QDragLeaveEvent *) {
+    stopAutoScroll();
     markTarget({});
 }
 
 void SidebarList::dropEvent(QDropEvent *event) {
     const auto target = targetOf(*event);
+    stopAutoScroll();
     markTarget({});
     event->setDropAction(Qt::MoveAction);
     event->setAccepted(target.isValid());

@@ -27,6 +27,7 @@ protected:
 private:
     QModelIndex targetOf(const QDropEvent &event) const;
     void markTarget(const QModelIndex &index);
+    void scrollNearEdges(int y);
 
     /// Of the drag that is over the list.
     std::vector<EmailDragData> m_items;
