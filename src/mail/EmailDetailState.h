@@ -5,7 +5,7 @@
 #include "mail/EmailNavItem.h"
 #include "mail/EmailWindowRef.h"
 #include "mail/MacMailAction.h"
-#include "mail/MessageCommand.h"
+#include "mail/MenuEntry.h"
 #include "ui/ToastMessage.h"
 #include "ui/ViewTexts.h"
 
@@ -75,7 +75,7 @@ public:
     void block(bool byDomain);
     void checkSpam();
     /// The entries of the menu "More".
-    std::vector<MessageCommand> moreCommands();
+    MenuSection moreEntries();
 
     QString threadTitle() const;
     void toggleThread();

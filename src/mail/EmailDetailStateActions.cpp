@@ -211,22 +211,22 @@ QCoro::Task<> EmailDetailState::loadSource() {
         showSourceSheet = true;
 }
 
-std::vector<MessageCommand> EmailDetailState::moreCommands() {
+MenuSection EmailDetailState::moreEntries() {
     if (!viewModel->email.get())
         return {};
     const auto self = shared_from_this();
     const auto toggleRead = [self] { self->perform(MacMailAction::toggleRead); };
-    std::vector<MessageCommand> commands;
-    commands.push_back(isSeen() ? MessageCommand{u"Mark as Unread"_s, u"envelope.badge"_s, false, toggleRead}
-                                : MessageCommand{u"Mark as Read"_s, u"envelope.open"_s, false, toggleRead});
+    MenuSection entries;
+    entries.push_back(isSeen() ? MenuEntry{u"Mark as Unread"_s, u"envelope.badge"_s, toggleRead}
+                               : MenuEntry{u"Mark as Read"_s, u"envelope.open"_s, toggleRead});
     if (isAIAvailable(m_appState->currentUser))
-        commands.push_back({u"Check Spam (AI)"_s, u"sparkles"_s, false, [self] { self->checkSpam(); }});
+        entries.push_back({u"Check Spam (AI)"_s, u"sparkles"_s, [self] { self->checkSpam(); }});
     const auto address = blockedAddress();
     if (address.contains(u'@'))
-        commands.push_back({u"Block "_s + address, u"nosign"_s, true, [self] { self->block(false); }});
+        entries.push_back({u"Block "_s + address, u"nosign"_s, [self] { self->block(false); }, true});
     if (address.contains(u'@') && !lastPiece(address).isEmpty())
-        commands.push_back(
-            {u"Block *@"_s + lastPiece(address), u"at.badge.minus"_s, true, [self] { self->block(true); }});
-    commands.push_back({u"View Source"_s, u"doc.text"_s, false, [self] { self->perform(MacMailAction::source); }});
-    return commands;
+        entries.push_back(
+            {u"Block *@"_s + lastPiece(address), u"at.badge.minus"_s, [self] { self->block(true); }, true});
+    entries.push_back({u"View Source"_s, u"doc.text"_s, [self] { self->perform(MacMailAction::source); }});
+    return entries;
 }

@@ -20,8 +20,10 @@ EmailBodyView::EmailBodyView(std::shared_ptr<AppState> appState, std::shared_ptr
 }
 
 void EmailBodyView::applyTheme() {
+    const auto &theme = m_appState->themeManager.currentTheme();
+    m_textView->setTheme(theme);
     if (m_htmlView)
-        m_htmlView->setTheme(m_appState->themeManager.currentTheme());
+        m_htmlView->setTheme(theme);
 }
 
 void EmailBodyView::render() {

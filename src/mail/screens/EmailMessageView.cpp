@@ -1,5 +1,7 @@
 #include "mail/screens/EmailMessageView.h"
 
+#include "mail/screens/AttachmentSection.h"
+#include "mail/screens/DownloadLine.h"
 #include "mail/screens/EmailActionBar.h"
 #include "mail/screens/EmailBodyView.h"
 #include "mail/screens/EmailHeaderView.h"
@@ -20,7 +22,8 @@ EmailMessageView::EmailMessageView(std::shared_ptr<AppState> appState, std::shar
     : QScrollArea(parent)
     , m_state(std::move(state))
     , m_imageBar(makeImageBar())
-    , m_body(new EmailBodyView(std::move(appState), m_state))
+    , m_body(new EmailBodyView(appState, m_state))
+    , m_attachments(new AttachmentSection(std::move(appState), m_state))
     , m_linkTarget(new LinkTargetLabel(this)) {
     setWidgetResizable(true);
     setFrameShape(QFrame::NoFrame);
@@ -30,6 +33,7 @@ EmailMessageView::EmailMessageView(std::shared_ptr<AppState> appState, std::shar
     // The background behind the whole view shows through.
     viewport()->setAutoFillBackground(false);
     widget()->setAutoFillBackground(false);
+    new DownloadLine(m_attachments->downloads(), this);
     connect(m_body, &EmailBodyView::painted, this, &EmailMessageView::bodyPainted);
     connect(m_body, &EmailBodyView::linkHovered, m_linkTarget, &LinkTargetLabel::setTarget);
 }
@@ -42,6 +46,7 @@ QWidget *EmailMessageView::makeColumn() {
     layout->addWidget(new EmailHeaderView(m_state));
     layout->addWidget(m_imageBar);
     layout->addWidget(m_body);
+    layout->addWidget(m_attachments);
     layout->addWidget(new ThreadSection(m_state));
     layout->addWidget(new EmailActionBar(m_state));
     layout->addStretch(1);

@@ -4,10 +4,9 @@
 
 #include <QScrollArea>
 
-class EmailActionBar;
+class AttachmentSection;
 class EmailBodyView;
 class LinkTargetLabel;
-class ThreadSection;
 
 /// A message from top to bottom in one scrolling column: header, image bar, body, attachments, related messages and
 /// what to do with it.
@@ -36,6 +35,7 @@ private:
     std::shared_ptr<EmailDetailState> m_state;
     QWidget *m_imageBar;
     EmailBodyView *m_body;
+    AttachmentSection *m_attachments;
     LinkTargetLabel *m_linkTarget;
     /// The message whose top was shown.
     std::optional<EmailWindowRef> m_shown;

@@ -1,11 +1,10 @@
 #include "mail/screens/EmailToolbar.h"
 
+#include "mail/screens/EntryMenu.h"
 #include "ui/screens/Buttons.h"
 #include "ui/screens/Spinner.h"
-#include "ui/screens/Symbols.h"
 
 #include <QHBoxLayout>
-#include <QMenu>
 
 using namespace Qt::StringLiterals;
 
@@ -59,13 +58,5 @@ void EmailToolbar::render() {
 }
 
 void EmailToolbar::showMenu() {
-    auto *menu = new QMenu(this);
-    menu->setAttribute(Qt::WA_DeleteOnClose);
-    for (const auto &command : m_state->moreCommands()) {
-        auto *action = menu->addAction(symbolIcon(command.icon), literalButtonText(command.title));
-        if (command.isDestructive)
-            setDestructive(action);
-        connect(action, &QAction::triggered, m_state.get(), command.run);
-    }
-    menu->popup(m_more->mapToGlobal(QPoint(m_more->width() - menu->sizeHint().width(), m_more->height())));
+    showEntryMenu({m_state->moreEntries()}, m_more);
 }

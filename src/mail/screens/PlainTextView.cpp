@@ -3,7 +3,6 @@
 #include "mail/screens/PlainTextAccessible.h"
 #include "mail/screens/ScrollingColumn.h"
 #include "mail/screens/Zoom.h"
-#include "ui/screens/AppStyle.h"
 
 #include <QClipboard>
 #include <QContextMenuEvent>
@@ -53,6 +52,11 @@ void PlainTextView::setText(const QString &text) {
     m_paragraphs.setText(text);
     applyHeight();
     measureNext();
+    update();
+}
+
+void PlainTextView::setTheme(const ThemeDefinition &theme) {
+    m_theme = theme;
     update();
 }
 
@@ -115,7 +119,7 @@ void PlainTextView::paintEvent(QPaintEvent *event) {
     if (m_paragraphs.count() == 0)
         return;
     QPainter painter(this);
-    painter.setPen(AppStyle::theme().text);
+    painter.setPen(m_theme.text);
     const auto area = event->rect().translated(0, -padding);
     const auto last = m_paragraphs.paragraphAt(area.bottom());
     for (int number = m_paragraphs.paragraphAt(area.top()); number <= last; ++number) {

@@ -2,6 +2,7 @@
 
 #include "mail/screens/TextParagraphs.h"
 #include "platform/Clock.h"
+#include "ui/ThemeDefinition.h"
 
 #include <QWidget>
 #include <functional>
@@ -19,6 +20,7 @@ public:
     using Highlighter = std::function<QList<QTextLayout::FormatRange>(const QString &line)>;
 
     void setText(const QString &text);
+    void setTheme(const ThemeDefinition &theme);
     /// Letters of equal width, as in source text.
     void setFixedPitch(bool isFixed);
     void setHighlighter(Highlighter highlighter);
@@ -61,6 +63,7 @@ private:
     QString m_text;
     TextParagraphs m_paragraphs;
     ScrollingColumn *m_column;
+    ThemeDefinition m_theme;
     Highlighter m_highlighter;
     bool m_isFixedPitch = false;
     qreal m_zoom = 1;

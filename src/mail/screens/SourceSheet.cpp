@@ -63,8 +63,10 @@ QWidget *SourceSheet::makeText() {
     layout->addWidget(m_divider);
     layout->addWidget(m_body);
     layout->addStretch(1);
-    for (auto *view : {m_headers, m_body})
+    for (auto *view : {m_headers, m_body}) {
         view->setFixedPitch(true);
+        view->setTheme(AppStyle::theme());
+    }
     return text;
 }
 
