@@ -61,6 +61,12 @@ QString TrackingServer::url(const QString &host, const QString &path) const {
     return u"http://%1:%2%3"_s.arg(host).arg(serverPort()).arg(path);
 }
 
+QUrl TrackingServer::serve(const QByteArray &html) {
+    const auto path = "/page-" + QByteArray::number(m_pages.size()) + ".html";
+    m_pages.insert(path, html);
+    return url(u"127.0.0.1"_s, QString::fromLatin1(path));
+}
+
 void TrackingServer::accept() {
     while (auto *socket = nextPendingConnection()) {
         ++connections;
@@ -74,7 +80,7 @@ void TrackingServer::answer(QTcpSocket *socket) {
     const auto path = request.split(' ').value(1);
     paths.append(QString::fromLatin1(path));
     headers.append(QString::fromLatin1(request));
-    const auto body = content(path);
+    const auto body = m_pages.value(path, content(path));
     socket->write("HTTP/1.1 200 OK\r\nContent-Type: " + contentType(path) +
                   "\r\nAccess-Control-Allow-Origin: *\r\nSet-Cookie: id=1\r\nCache-Control: no-store\r\n"
                   "Connection: close\r\nContent-Length: " +

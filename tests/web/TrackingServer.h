@@ -2,6 +2,7 @@
 
 #include <QStringList>
 #include <QTcpServer>
+#include <QUrl>
 
 /// The sender of a mail who wants to know that it was read: notes every connection, request and name look-up.
 class TrackingServer : public QTcpServer {
@@ -12,6 +13,9 @@ public:
     QString url(const QString &host, const QString &path) const;
     bool wasAskedFor(const QString &path) const { return paths.contains(path); }
 
+    /// Gives `html` to whoever asks for it; returns its address.
+    QUrl serve(const QByteArray &html);
+
     QStringList paths;
     QStringList headers;
     int connections = 0;
@@ -19,6 +23,8 @@ public:
 private:
     void accept();
     void answer(QTcpSocket *socket);
+
+    QHash<QByteArray, QByteArray> m_pages;
 };
 
 /// Host names below ".test" that this process has looked up since it was started.

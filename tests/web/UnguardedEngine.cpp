@@ -1,0 +1,24 @@
+#include "web/UnguardedEngine.h"
+
+#include <QTest>
+#include <QWebEngineSettings>
+
+UnguardedEngine::UnguardedEngine() {
+    auto *page = new QWebEnginePage(&m_profile, &m_view);
+    page->settings()->setAttribute(QWebEngineSettings::PlaybackRequiresUserGesture, false);
+    page->settings()->setAttribute(QWebEngineSettings::DnsPrefetchEnabled, true);
+    page->settings()->setAttribute(QWebEngineSettings::HyperlinkAuditingEnabled, true);
+    m_view.setPage(page);
+    m_view.resize(800, 600);
+    QObject::connect(page, &QWebEnginePage::loadFinished, &m_view, [this] { m_loaded = true; });
+    m_view.show();
+}
+
+void UnguardedEngine::open(const QUrl &url) {
+    m_loaded = false;
+    m_view.load(url);
+}
+
+void UnguardedEngine::click(QPoint point) {
+    QTest::mouseClick(m_view.focusProxy(), Qt::LeftButton, {}, point);
+}
