@@ -2,23 +2,18 @@
 
 #include "mail/EmailListMenus.h"
 #include "mail/FaviconStore.h"
-#include "mail/Folders.h"
 #include "mail/screens/EmailDrag.h"
+#include "mail/screens/EmailListHeader.h"
 #include "mail/screens/EmailListSheets.h"
 #include "mail/screens/EmailListStatusBar.h"
-#include "mail/screens/EmailListToolbar.h"
 #include "mail/screens/EmailRowDelegate.h"
 #include "mail/screens/EmailRowSwipes.h"
 #include "mail/screens/EmailRowsView.h"
 #include "mail/screens/EntryMenu.h"
-#include "mail/screens/FilterChips.h"
 #include "mail/screens/PullToRefresh.h"
 #include "ui/screens/EmptyStateView.h"
-#include "ui/screens/SearchBar.h"
 #include "ui/screens/SkeletonView.h"
-#include "ui/screens/ThemeLabel.h"
 
-#include <QHBoxLayout>
 #include <QMenu>
 #include <QScrollBar>
 #include <QStackedWidget>
@@ -28,6 +23,7 @@ EmailListView::EmailListView(std::shared_ptr<EmailListState> state, FocusedActio
     : QWidget(parent)
     , m_state(std::move(state))
     , m_actions(&actions)
+    , m_header(new EmailListHeader(m_state))
     , m_stack(new QStackedWidget)
     , m_list(new EmailRowsView)
     , m_placeholder(new EmptyStateView)
@@ -41,7 +37,7 @@ EmailListView::EmailListView(std::shared_ptr<EmailListState> state, FocusedActio
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
-    layout->addWidget(makeHeader());
+    layout->addWidget(m_header);
     layout->addWidget(m_stack, 1);
     layout->addWidget(new EmailListStatusBar(m_state));
 
@@ -51,30 +47,6 @@ EmailListView::EmailListView(std::shared_ptr<EmailListState> state, FocusedActio
 
 QListView *EmailListView::list() const {
     return m_list;
-}
-
-QWidget *EmailListView::makeHeader() {
-    auto *header = new QWidget;
-    m_title = new ThemeLabel({}, TextStyle::title3);
-    m_count = new ThemeLabel({}, TextStyle::caption, TextRole::secondary);
-    m_search = new SearchBar(tr("Search emails…"));
-    auto *texts = new QVBoxLayout;
-    texts->setSpacing(0);
-    texts->addWidget(m_title);
-    texts->addWidget(m_count);
-    auto *top = new QHBoxLayout;
-    top->addLayout(texts, 1);
-    top->addWidget(new EmailListToolbar(m_state));
-    auto *layout = new QVBoxLayout(header);
-    layout->setContentsMargins(16, 14, 12, 10);
-    layout->setSpacing(10);
-    layout->addLayout(top);
-    layout->addWidget(m_search);
-    layout->addWidget(new FilterChips(m_state));
-
-    connect(m_search, &SearchBar::textChanged, m_state.get(), &EmailListState::setSearchQuery);
-    connect(m_search, &SearchBar::returnPressed, m_state.get(), &EmailListState::submitSearch);
-    return header;
 }
 
 void EmailListView::setUpList() {
@@ -176,7 +148,7 @@ void EmailListView::publishActions() {
 }
 
 void EmailListView::focusSearch() {
-    m_search->requestFocus();
+    m_header->focusSearch();
 }
 
 std::set<qint64> EmailListView::highlightedUIDs() const {
@@ -206,23 +178,11 @@ void EmailListView::renderSelection() {
 }
 
 void EmailListView::render() {
-    m_title->setText(displayName(m_state->folder));
-    m_count->setText(m_state->countText());
     m_list->rowDelegate()->showsStars = m_state->showsStars();
-    renderSearch();
     renderContent();
     renderSelection();
     scrollToTopOfNewRows();
     publishActions();
-}
-
-void EmailListView::renderSearch() {
-    if (m_search->text() != m_state->viewModel->searchQuery.get())
-        m_search->setText(m_state->viewModel->searchQuery);
-    if (!m_state->searchFocused)
-        return;
-    m_state->searchFocused = false;
-    focusSearch();
 }
 
 void EmailListView::scrollToTopOfNewRows() {
@@ -238,7 +198,7 @@ void EmailListView::renderContent() {
     switch (m_state->content()) {
     case EmailListState::Content::rows:
         m_stack->setCurrentWidget(m_list);
-        if (std::exchange(m_awaitsFocus, false) && !m_search->hasFocus())
+        if (std::exchange(m_awaitsFocus, false) && !m_header->isSearching())
             m_list->setFocus();
         return;
     case EmailListState::Content::skeleton:

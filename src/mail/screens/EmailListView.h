@@ -6,12 +6,11 @@
 #include <QPointer>
 #include <QWidget>
 
+class EmailListHeader;
 class EmailRowsView;
 class EmptyStateView;
 class QListView;
 class QStackedWidget;
-class SearchBar;
-class ThemeLabel;
 
 /// The middle column of the main window: one folder's messages, page by page. While it is on show it offers its actions
 /// to the menu bar of its window.
@@ -32,13 +31,11 @@ protected:
     void hideEvent(QHideEvent *event) override;
 
 private:
-    QWidget *makeHeader();
     void setUpList();
     void connectList();
     void keepPlace();
     void scrollByRows(int rows);
     void render();
-    void renderSearch();
     void renderContent();
     void scrollToTopOfNewRows();
     void renderSelection();
@@ -51,8 +48,7 @@ private:
 
     std::shared_ptr<EmailListState> m_state;
     QPointer<FocusedActions> m_actions;
-    ThemeLabel *m_title, *m_count;
-    SearchBar *m_search;
+    EmailListHeader *m_header;
     QStackedWidget *m_stack;
     EmailRowsView *m_list;
     EmptyStateView *m_placeholder;

@@ -96,16 +96,16 @@ bool EmailRowsView::isOnStar(const QPoint &position) const {
 void EmailRowsView::mousePressEvent(QMouseEvent *event) {
     if (event->button() == Qt::RightButton)
         return;
-    if (event->button() == Qt::LeftButton && isOnStar(event->pos())) {
-        Q_EMIT starPressed(indexAt(event->pos()));
-        return;
-    }
+    m_hasPressedStar = event->button() == Qt::LeftButton && isOnStar(event->pos());
+    if (m_hasPressedStar)
+        return Q_EMIT starPressed(indexAt(event->pos()));
     m_pressedRow = indexAt(event->pos());
     QListView::mousePressEvent(event);
 }
 
 void EmailRowsView::mouseReleaseEvent(QMouseEvent *event) {
-    if (!isOnStar(event->pos()))
+    const bool concernsStar = std::exchange(m_hasPressedStar, false);
+    if (!concernsStar && event->button() != Qt::RightButton)
         QListView::mouseReleaseEvent(event);
 }
 
@@ -122,7 +122,8 @@ QItemSelectionModel::SelectionFlags EmailRowsView::selectionCommand(const QModel
     const auto *mouse = dynamic_cast<const QMouseEvent *>(event);
     if (!mouse || mouse->modifiers() != Qt::NoModifier || !index.isValid())
         return QListView::selectionCommand(index, event);
-    const bool isRelease = mouse->type() == QEvent::MouseButtonRelease && index == m_pressedRow;
+    const bool isRelease =
+        mouse->type() == QEvent::MouseButtonRelease && mouse->button() == Qt::LeftButton && index == m_pressedRow;
     return isRelease ? QItemSelectionModel::ClearAndSelect : QItemSelectionModel::NoUpdate;
 }
 

@@ -49,4 +49,5 @@ private:
 
     EmailRowDelegate *m_delegate;
     QPersistentModelIndex m_pressedRow;
+    bool m_hasPressedStar = false;
 };

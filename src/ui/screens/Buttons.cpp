@@ -1,5 +1,6 @@
 #include "ui/screens/Buttons.h"
 
+#include "ui/Contrast.h"
 #include "ui/screens/AppStyle.h"
 #include "ui/screens/StyleShapes.h"
 #include "ui/screens/Symbols.h"
@@ -34,6 +35,7 @@ LinkButton::LinkButton(const QString &text, QWidget *parent)
     setButtonRole(this, ButtonRole::link);
     setCursor(Qt::PointingHandCursor);
     setAutoDefault(false);
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     pressWithReturn(this);
 }
 
@@ -104,7 +106,7 @@ void Chip::paintEvent(QPaintEvent *) {
     option.initFrom(this);
     const QRectF frame = rect();
     const qreal radius = frame.height() / 2;
-    const QColor label = isChecked() ? accentTextColor(theme) : theme.textSecondary;
+    const QColor label = isChecked() ? readableColor(theme.primary, theme.bgActive, theme.text) : theme.textSecondary;
     fillRounded(&painter, frame, radius, isChecked() ? theme.bgActive : underMouse() ? theme.bgHover : theme.bgWhite);
     if (showsFocusRing(option))
         paintFocusRing(&painter, frame, radius, theme);
