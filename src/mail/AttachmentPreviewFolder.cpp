@@ -14,8 +14,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr qint64 longestStay = 86400;
-/// Bytes; file systems allow 255, and writing adds a temporary suffix.
-constexpr qsizetype longestName = 240;
 constexpr auto ownerOnly = QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner;
 
 QDateTime creationDate(const QFileInfo &entry) {
@@ -58,14 +56,6 @@ void sweep(const QString &base, const QSet<QString> &open, const QDateTime &now)
     }
 }
 
-/// Too long a name loses its middle: the extension says what opens the file.
-QString fittingName(QString name) {
-    const auto end = std::min<qsizetype>(QFileInfo(name).suffix().size() + 1, 20);
-    while (name.toUtf8().size() > longestName && name.size() > end)
-        name.remove(name.size() - end - 1, 1);
-    return name;
-}
-
 QString makeFolderIn(const QString &base) {
     const auto folder = base + u'/' + QUuid::createUuid().toString(QUuid::WithoutBraces);
     if (!QDir().mkdir(folder, ownerOnly))
@@ -74,7 +64,7 @@ QString makeFolderIn(const QString &base) {
 }
 
 QString writeInto(const QString &folder, const QString &filename, const QByteArray &bytes) {
-    const auto file = folder + u'/' + fittingName(safeFileName(filename));
+    const auto file = folder + u'/' + storableFileName(filename);
     try {
         writeFileAtomically(file, bytes);
     } catch (...) {

@@ -1,16 +1,14 @@
 #include "mail/screens/AttachmentDragView.h"
 
 #include "mail/AttachmentFilePromise.h"
-#include "mail/screens/AttachmentDragData.h"
+#include "mail/screens/AttachmentDrag.h"
 #include "mail/screens/AttachmentIcon.h"
 #include "mail/screens/AttachmentRowView.h"
 #include "ui/screens/AppStyle.h"
 #include "ui/screens/StyleShapes.h"
 #include "ui/screens/Symbols.h"
 
-#include <QApplication>
 #include <QContextMenuEvent>
-#include <QDrag>
 #include <QHBoxLayout>
 #include <QMenu>
 #include <QPainter>
@@ -118,13 +116,10 @@ void AttachmentDragView::showMenu(const QPoint &place) {
 void AttachmentDragView::startDrag() {
     m_dragging = true;
     m_promise = std::make_shared<AttachmentFilePromise>(m_configuration);
-    // A redraw of the message may take this row away during the drag, which must go on.
     const QPointer<AttachmentDragView> self = this;
-    auto *drag = new QDrag(qApp);
-    drag->setMimeData(new AttachmentDragData(m_promise));
-    drag->setPixmap(attachmentIcon(m_configuration->mime).pixmap(dragIconSize));
-    drag->exec(Qt::CopyAction);
-    // The release of the button went to the drag.
+    AttachmentDrag drag(m_promise, attachmentIcon(m_configuration->mime).pixmap(dragIconSize));
+    drag.exec();
+    // The release of the button went to the drag, and a new message may have taken this row away.
     if (self)
         m_down.reset();
 }

@@ -76,9 +76,10 @@ void AttachmentPagesView::arrange() {
     };
     prepare(verticalScrollBar(), size.height(), room.height());
     prepare(horizontalScrollBar(), size.width(), room.width());
-    // What was in the middle stays there.
+    // What was in the middle stays there; a document that was at its beginning does, too.
     if (!old.isEmpty()) {
-        verticalScrollBar()->setValue(int(double(center.y()) * size.height() / old.height()) - room.height() / 2);
+        if (verticalScrollBar()->value() > 0)
+            verticalScrollBar()->setValue(int(double(center.y()) * size.height() / old.height()) - room.height() / 2);
         horizontalScrollBar()->setValue(int(double(center.x()) * size.width() / old.width()) - room.width() / 2);
     }
     viewport()->update();
