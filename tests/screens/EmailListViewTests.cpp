@@ -258,6 +258,22 @@ TEST_F(ListScreen, SaysThatTheRowsAreNotTheNewest) {
     EXPECT_FALSE(showsText(*view, u"Could not refresh"_s));
 }
 
+TEST_F(ListScreen, ShowsThePictureOfASendersDomainOrARecipients) {
+    server.expect("GET", "/api/emails/cached?folder=Sent&page=1&per_page=50").answer(500);
+    for (const QByteArray domain : {"senders.example", "recipients.example"})
+        expectPicture(domain);
+    expectPage().json(pageJSON(R"({"uid": 1, "from": "a@senders.example", "to": "b@nobody.example"},
+                                  {"uid": 2, "from": "c@senders.example"})"));
+    list->setFolder({.path = u"Work"_s, .name = u"Work"_s});
+    settle();
+    EXPECT_TRUE(spinUntil([this] { return showsPicture(0) && showsPicture(1); }));
+    server.expect("GET", "/api/emails/list?folder=Sent&page=1&per_page=50")
+        .json(pageJSON(R"({"uid": 1, "from": "a@senders.example", "to": "b@recipients.example"})"));
+    list->setFolder({.path = u"Sent"_s, .name = u"Sent"_s, .type = u"sent"_s});
+    settle();
+    EXPECT_TRUE(spinUntil([this] { return showsPicture(0); }));
+}
+
 TEST_F(ListScreen, NamesEverythingThatTakesTheFocus) {
     open({1});
     EXPECT_EQ(namelessControls(*view), QStringList());

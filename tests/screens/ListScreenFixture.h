@@ -7,6 +7,7 @@
 #include "screens/Widgets.h"
 #include "ui/screens/SearchBar.h"
 
+#include <QBuffer>
 #include <QListView>
 #include <QTest>
 
@@ -43,6 +44,22 @@ protected:
         list->reload();
         settle();
     }
+    void expectPicture(const QByteArray &domain) {
+        QImage picture(64, 64, QImage::Format_RGB32);
+        picture.fill(pictureColor);
+        QByteArray bytes;
+        QBuffer buffer(&bytes);
+        picture.save(&buffer, "BMP");
+        server
+            .expect("GET", "/faviconV2?client=SOCIAL&type=FAVICON&fallback_opts=TYPE,SIZE,URL&url=https://" + domain +
+                               "&size=64")
+            .answer(200, bytes);
+    }
+    /// Whether the row has such a picture in place of initials.
+    bool showsPicture(int row) const {
+        const auto frame = rows().visualRect(rows().model()->index(row, 0));
+        return rows().viewport()->grab(frame).toImage().pixelColor(44, 28) == pictureColor;
+    }
     QListView &rows() const { return *view->list(); }
     void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) { QTest::keyClick(&rows(), key, modifiers); }
     void click(int row, Qt::KeyboardModifiers modifiers = {}) {
@@ -53,6 +70,7 @@ protected:
     qint64 currentUID() const { return list->rows.row(rows().currentIndex().row()).uid; }
     SearchBar *search() const { return view->findChild<SearchBar *>(); }
 
+    const QColor pictureColor = QColor(12, 200, 34);
     ManualClock clock;
     std::shared_ptr<EmailListState> list;
     FocusedActions actions;

@@ -46,7 +46,8 @@ protected:
         paintSymbol(&painter, m_symbol, QRectF((width() - symbolSize) / 2.0, top, symbolSize, symbolSize), ink);
         painter.setPen(ink);
         painter.setFont(themeFont(TextStyle::caption, QFont::DemiBold));
-        painter.drawText(QRect(0, top + symbolSize + 4, width(), textHeight), Qt::AlignCenter, text());
+        if (painter.fontMetrics().horizontalAdvance(text()) < width())
+            painter.drawText(QRect(0, top + symbolSize + 4, width(), textHeight), Qt::AlignCenter, text());
         if (hasFocus())
             strokeRounded(&painter, QRectF(rect()).adjusted(3, 3, -3, -3), 5, ink, StyleMetrics::focusRingWidth);
     }
