@@ -40,7 +40,7 @@ protected:
                 .json(R"({"uid": 2, "body_text": "Hello", "to": [{"email": "b@x.org"}]})")
                 .anyNumberOfTimes();
         }
-        view = std::make_unique<ContentView>(state);
+        view = std::make_unique<ContentView>(state, actions);
         view->resize(1200, 800);
         showActive(*view);
     }
@@ -69,6 +69,7 @@ protected:
     }
 
     ManualClock clock;
+    FocusedActions actions;
     std::unique_ptr<ContentView> view;
 };
 

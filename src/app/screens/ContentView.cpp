@@ -2,22 +2,21 @@
 
 #include "app/screens/LoginView.h"
 #include "app/screens/MainScreen.h"
+#include "ui/screens/CrossFade.h"
 #include "ui/screens/SplashView.h"
 
-#include <QGraphicsOpacityEffect>
-#include <QLabel>
-#include <QPropertyAnimation>
 #include <QStackedLayout>
 
 namespace {
 
-constexpr int fadeDuration = 200; // milliseconds
+constexpr auto shortestSplash = std::chrono::milliseconds(200);
 
 } // namespace
 
-ContentView::ContentView(std::shared_ptr<AppState> appState, QWidget *parent)
+ContentView::ContentView(std::shared_ptr<AppState> appState, FocusedActions &actions, QWidget *parent)
     : QWidget(parent)
     , m_appState(std::move(appState))
+    , m_actions(actions)
     , m_layout(new QStackedLayout(this)) {
     observe(m_appState.get(), this, &ContentView::render);
 }
@@ -41,7 +40,7 @@ QWidget *ContentView::makeScreen(Screen screen) {
     case Screen::main:
         break;
     }
-    auto *main = new MainScreen(m_appState);
+    auto *main = new MainScreen(m_appState, m_actions);
     connect(main, &MainScreen::emailWindowRequested, this, &ContentView::emailWindowRequested);
     return main;
 }
@@ -52,7 +51,7 @@ void ContentView::render() {
         return;
     // A splash that hardly anybody saw is not faded out: a quick start is not made to look slow.
     const auto now = Clock::shared().uptime();
-    const bool fades = m_screen != Screen::splash || now - m_shownSince >= Clock::Duration(fadeDuration);
+    const bool fades = m_screen != Screen::splash || now - m_shownSince >= shortestSplash;
     m_shownSince = now;
     m_screen = wanted;
     const QPointer<QWidget> former = m_shown;
@@ -61,27 +60,7 @@ void ContentView::render() {
     m_layout->setCurrentWidget(m_shown);
     if (!former)
         return;
-    if (fades)
-        fadeFrom(former);
+    if (fades && isVisible())
+        new CrossFade(former->grab(), this);
     former->deleteLater();
-}
-
-void ContentView::fadeFrom(QWidget *former) {
-    if (!isVisible())
-        return;
-    auto *picture = new QLabel(this);
-    picture->setPixmap(former->grab());
-    picture->setGeometry(rect());
-    picture->setAttribute(Qt::WA_TransparentForMouseEvents);
-    auto *opacity = new QGraphicsOpacityEffect(picture);
-    picture->setGraphicsEffect(opacity);
-    auto *fade = new QPropertyAnimation(opacity, "opacity", picture);
-    fade->setDuration(fadeDuration);
-    fade->setStartValue(1.0);
-    fade->setEndValue(0.0);
-    fade->setEasingCurve(QEasingCurve::InOutQuad);
-    connect(fade, &QAbstractAnimation::finished, picture, &QObject::deleteLater);
-    picture->show();
-    picture->raise();
-    fade->start();
 }

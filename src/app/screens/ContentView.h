@@ -6,6 +6,7 @@
 #include <QPointer>
 #include <QWidget>
 
+class FocusedActions;
 class QStackedLayout;
 class MainScreen;
 
@@ -13,7 +14,8 @@ class MainScreen;
 class ContentView final : public QWidget {
     Q_OBJECT
 public:
-    explicit ContentView(std::shared_ptr<AppState> appState, QWidget *parent = nullptr);
+    /// `actions` outlives it.
+    ContentView(std::shared_ptr<AppState> appState, FocusedActions &actions, QWidget *parent = nullptr);
 
     /// Null unless somebody is signed in.
     MainScreen *mainScreen() const;
@@ -27,9 +29,9 @@ private:
     Screen wantedScreen() const;
     QWidget *makeScreen(Screen screen);
     void render();
-    void fadeFrom(QWidget *former);
 
     std::shared_ptr<AppState> m_appState;
+    FocusedActions &m_actions;
     QStackedLayout *m_layout;
     std::optional<Screen> m_screen;
     QPointer<QWidget> m_shown;

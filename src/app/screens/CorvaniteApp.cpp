@@ -4,10 +4,9 @@
 #include "mail/screens/EmailDetailView.h"
 #include "ui/screens/AppStyle.h"
 #include "ui/screens/MailThemeBackground.h"
-#include "ui/screens/Symbols.h"
 
-#include <QAction>
 #include <QGuiApplication>
+#include <QShortcut>
 #include <QVBoxLayout>
 
 namespace {
@@ -17,22 +16,13 @@ constexpr QSize smallestMainWindow(860, 520);
 constexpr QSize emailWindowSize(820, 720);
 constexpr QSize smallestEmailWindow(640, 520);
 
-void addCloseAndQuit(QWidget *window) {
-    auto *close = new QAction(window);
-    close->setShortcut(QKeySequence::Close);
-    QObject::connect(close, &QAction::triggered, window, &QWidget::close);
-    auto *quit = new QAction(window);
-    quit->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Q));
-    QObject::connect(quit, &QAction::triggered, qGuiApp, &QCoreApplication::quit, Qt::QueuedConnection);
-    window->addActions({close, quit});
-}
-
 } // namespace
 
 CorvaniteApp::CorvaniteApp() {
     observe(&m_appState->themeManager, this, &CorvaniteApp::applyTheme);
     connect(qGuiApp, &QGuiApplication::applicationStateChanged, this, [this](Qt::ApplicationState state) {
-        if (state == Qt::ApplicationActive)
+        m_appState->isActive = state == Qt::ApplicationActive;
+        if (m_appState->isActive)
             m_delegate.didBecomeActive();
     });
 }
@@ -63,19 +53,23 @@ void CorvaniteApp::applyTheme() {
     ::applyTheme(m_appState->themeManager.currentTheme());
 }
 
-std::unique_ptr<QWidget> CorvaniteApp::makeMainWindow() {
-    auto content = std::make_unique<ContentView>(m_appState);
-    connect(content.get(), &ContentView::emailWindowRequested, this, &CorvaniteApp::openEmailWindow);
-    content->setWindowTitle(QStringLiteral("Corvanite"));
-    content->setMinimumSize(smallestMainWindow);
-    content->resize(mainWindowSize);
-    addCloseAndQuit(content.get());
-    return content;
+std::unique_ptr<AppWindow> CorvaniteApp::makeWindow(const QString &title, QSize smallest, QSize usual) {
+    auto window = std::make_unique<AppWindow>(title, m_appState, [this] { openMainWindow(); });
+    window->setMinimumSize(smallest);
+    window->resize(usual);
+    return window;
+}
+
+void CorvaniteApp::makeMainWindow() {
+    m_mainWindow = makeWindow(QStringLiteral("Corvanite"), smallestMainWindow, mainWindowSize);
+    auto *content = new ContentView(m_appState, m_mainWindow->focusedActions());
+    connect(content, &ContentView::emailWindowRequested, this, &CorvaniteApp::openEmailWindow);
+    m_mainWindow->setContent(content);
 }
 
 void CorvaniteApp::openMainWindow() {
     if (!m_mainWindow)
-        m_mainWindow = makeMainWindow();
+        makeMainWindow();
     m_mainWindow->show();
     m_mainWindow->raise();
     m_mainWindow->activateWindow();
@@ -88,17 +82,17 @@ void CorvaniteApp::openEmailWindow(const EmailWindowRef &reference) {
             window->raise();
             return window->activateWindow();
         }
-    auto *window = new MailThemeBackground(true);
+    auto *window = makeWindow(QStringLiteral("Email"), smallestEmailWindow, emailWindowSize).release();
     window->setAttribute(Qt::WA_DeleteOnClose);
-    window->setWindowTitle(QStringLiteral("Email"));
-    window->setMinimumSize(smallestEmailWindow);
-    window->resize(emailWindowSize);
-    addCloseAndQuit(window);
+    m_emailWindows.emplace_back(reference, window);
     auto state = EmailDetailState::make(m_appState);
-    auto *layout = new QVBoxLayout(window);
+    auto *background = new MailThemeBackground(true);
+    auto *detail = new EmailDetailView(m_appState, state, window->focusedActions());
+    auto *layout = new QVBoxLayout(background);
     layout->setContentsMargins(0, 0, 0, 0);
-    auto *detail = new EmailDetailView(m_appState, state, *new FocusedActions(window));
     layout->addWidget(detail);
+    window->setContent(background);
+    connect(new QShortcut(Qt::Key_Escape, window), &QShortcut::activated, window, &QWidget::close);
     connect(state.get(), &EmailDetailState::dismissRequested, window, &QWidget::close);
     // It shows mail of the account that is signed in.
     connect(m_appState.get(), &ObservableObject::changed, window, [this, window] {
@@ -106,7 +100,6 @@ void CorvaniteApp::openEmailWindow(const EmailWindowRef &reference) {
             window->close();
     });
     state->show(reference);
-    m_emailWindows.emplace_back(reference, window);
     window->show();
     detail->focusBody();
 }

@@ -1,11 +1,11 @@
 #pragma once
 
 #include "app/MacAppDelegate.h"
+#include "app/screens/AppWindow.h"
 #include "mail/EmailWindowRef.h"
 #include "platform/desktop/SystemAppearance.h"
 
 #include <QPointer>
-#include <QWidget>
 
 /// The running program: its state, its delegate and its windows. Lives as long as the application object.
 class CorvaniteApp : public QObject {
@@ -16,7 +16,7 @@ public:
 
     const std::shared_ptr<AppState> &appState() const { return m_appState; }
     MacAppDelegate &delegate() { return m_delegate; }
-    QWidget *mainWindow() const { return m_mainWindow.get(); }
+    AppWindow *mainWindow() const { return m_mainWindow.get(); }
 
     /// Shows the main window, restores the session and starts the timers.
     void launch();
@@ -27,11 +27,12 @@ public:
 private:
     void applyTheme();
     void followSystemAppearance();
-    std::unique_ptr<QWidget> makeMainWindow();
+    std::unique_ptr<AppWindow> makeWindow(const QString &title, QSize smallest, QSize usual);
+    void makeMainWindow();
 
     std::shared_ptr<AppState> m_appState = std::make_shared<AppState>();
     MacAppDelegate m_delegate;
     std::unique_ptr<SystemAppearance> m_appearance;
-    std::unique_ptr<QWidget> m_mainWindow;
+    std::unique_ptr<AppWindow> m_mainWindow;
     std::vector<std::pair<EmailWindowRef, QPointer<QWidget>>> m_emailWindows;
 };

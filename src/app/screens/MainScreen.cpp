@@ -1,7 +1,7 @@
 #include "app/screens/MainScreen.h"
 
 #include "app/screens/DestinationView.h"
-#include "app/screens/KeyboardShortcutsSheet.h"
+#include "app/screens/KeyboardShortcutsView.h"
 #include "mail/Folders.h"
 #include "mail/screens/EmailDetailView.h"
 #include "mail/screens/EmailHTMLView.h"
@@ -13,7 +13,6 @@
 #include "ui/screens/ToastPresenter.h"
 
 #include <QHBoxLayout>
-#include <QShortcut>
 #include <QStackedWidget>
 #include <QVBoxLayout>
 
@@ -24,9 +23,10 @@ constexpr auto warmUpDelay = std::chrono::milliseconds(600);
 
 } // namespace
 
-MainScreen::MainScreen(std::shared_ptr<AppState> appState, QWidget *parent)
+MainScreen::MainScreen(std::shared_ptr<AppState> appState, FocusedActions &actions, QWidget *parent)
     : MailThemeBackground(false, parent)
     , m_appState(std::move(appState))
+    , m_actions(actions)
     , m_state(MainScreenState::make(m_appState))
     , m_listState(EmailListState::make(m_appState))
     , m_detailState(EmailDetailState::make(m_appState))
@@ -47,7 +47,6 @@ MainScreen::MainScreen(std::shared_ptr<AppState> appState, QWidget *parent)
     observe(m_state.get(), this, &MainScreen::render);
     connect(m_listState.get(), &ObservableObject::changed, this, &MainScreen::warmUpWhenListIsShown);
     connect(m_toasts, &ToastPresenter::expired, m_state.get(), [this] { m_state->toast = std::nullopt; });
-    addShortcuts();
 }
 
 MainScreen::~MainScreen() {
@@ -59,24 +58,16 @@ QWidget *MainScreen::makeMailView() {
     m_listColumn = new QStackedWidget;
     m_noFolder =
         new EmptyStateView({QStringLiteral("folder"), tr("Select a folder"), tr("Choose a folder from the sidebar")});
-    m_list = new EmailListView(m_listState, m_focusedActions);
+    m_list = new EmailListView(m_listState, m_actions);
     m_listColumn->addWidget(m_noFolder);
     m_listColumn->addWidget(m_list);
     auto *message = new MailThemeBackground(true);
     auto *messageLayout = new QVBoxLayout(message);
     messageLayout->setContentsMargins(0, 0, 0, 0);
-    m_detail = new EmailDetailView(m_appState, m_detailState, m_focusedActions);
+    m_detail = new EmailDetailView(m_appState, m_detailState, m_actions);
     messageLayout->addWidget(m_detail);
+    connect(m_list, &EmailListView::pageMessageRequested, m_detail, &EmailDetailView::pageBody);
     return new MailColumns(m_listColumn, message);
-}
-
-void MainScreen::addShortcuts() {
-    const auto add = [this](const QKeySequence &keys, auto action) {
-        connect(new QShortcut(keys, this), &QShortcut::activated, this, action);
-    };
-    add(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_N), [this] { m_listState->reload(); });
-    add(QKeySequence::Refresh, [this] { m_listState->reload(); });
-    add(QKeySequence::Find, [this] { m_list->focusSearch(); });
 }
 
 void MainScreen::render() {
@@ -87,7 +78,7 @@ void MainScreen::render() {
     m_toasts->setToast(m_state->toast);
     if (m_appState->showKeyboardShortcuts) {
         m_appState->showKeyboardShortcuts = false;
-        (new KeyboardShortcutsSheet(this))->open();
+        (new KeyboardShortcutsView(this))->open();
     }
     renderMail();
 }

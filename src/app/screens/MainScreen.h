@@ -18,7 +18,8 @@ class ToastPresenter;
 class MainScreen final : public MailThemeBackground {
     Q_OBJECT
 public:
-    explicit MainScreen(std::shared_ptr<AppState> appState, QWidget *parent = nullptr);
+    /// `actions` outlives it.
+    MainScreen(std::shared_ptr<AppState> appState, FocusedActions &actions, QWidget *parent = nullptr);
     ~MainScreen() override;
 
     EmailListState &listState() { return *m_listState; }
@@ -34,13 +35,12 @@ private:
     void render();
     void renderMail();
     void warmUpWhenListIsShown();
-    void addShortcuts();
 
     std::shared_ptr<AppState> m_appState;
+    FocusedActions &m_actions;
     std::shared_ptr<MainScreenState> m_state;
     std::shared_ptr<EmailListState> m_listState;
     std::shared_ptr<EmailDetailState> m_detailState;
-    FocusedActions m_focusedActions;
     SidebarView *m_sidebar;
     QStackedWidget *m_content, *m_listColumn;
     DestinationView *m_destination;

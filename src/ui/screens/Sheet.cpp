@@ -8,13 +8,15 @@
 Sheet::Sheet(const QString &title, const QString &subtitle, QWidget *parent)
     : QDialog(parent)
     , m_column(new QVBoxLayout)
+    , m_header(new QHBoxLayout)
     , m_buttons(new QHBoxLayout) {
     setWindowTitle(title);
     setWindowModality(Qt::WindowModal);
     auto *outer = new QVBoxLayout(this);
     outer->setContentsMargins(24, 24, 24, 20);
     outer->setSpacing(4);
-    outer->addWidget(new ThemeLabel(title, TextStyle::title3));
+    m_header->addWidget(new ThemeLabel(title, TextStyle::title3), 1);
+    outer->addLayout(m_header);
     if (!subtitle.isEmpty())
         outer->addWidget(new ThemeLabel(subtitle, TextStyle::body, TextRole::secondary));
     outer->addSpacing(12);
@@ -33,4 +35,8 @@ QPushButton *Sheet::addButton(const QString &text, ButtonRole role) {
     button->setDefault(role == ButtonRole::primary);
     m_buttons->addWidget(button);
     return button;
+}
+
+void Sheet::addHeaderButton(QAbstractButton *button) {
+    m_header->addWidget(button);
 }

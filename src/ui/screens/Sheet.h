@@ -4,6 +4,7 @@
 
 #include <QDialog>
 
+class QAbstractButton;
 class QHBoxLayout;
 class QPushButton;
 class QVBoxLayout;
@@ -18,8 +19,10 @@ public:
     QVBoxLayout *column() const { return m_column; }
     /// Buttons stand at the bottom right in the order in which they were added; a primary one answers Return.
     QPushButton *addButton(const QString &text, ButtonRole role = ButtonRole::plain);
+    /// A small button beside the title.
+    void addHeaderButton(QAbstractButton *button);
 
 private:
     QVBoxLayout *m_column;
-    QHBoxLayout *m_buttons;
+    QHBoxLayout *m_header, *m_buttons;
 };
