@@ -14,6 +14,7 @@ WebPage::WebPage(const WebViewConfiguration &configuration, WebProfile *webProfi
     settings()->setAttribute(QWebEngineSettings::JavascriptEnabled, configuration.allowsContentJavaScript);
     setUrlRequestInterceptor(m_gate);
     denyRequests();
+    connect(this, &QWebEnginePage::loadFinished, this, &WebPage::loadAgain);
 }
 
 WebPage::~WebPage() {
@@ -35,12 +36,19 @@ void WebPage::show(const QByteArray &html, RemoteContent remoteContent) {
     m_page = m_pages->put(html);
     m_gate->reset(m_page, remoteContent);
     m_bridge->setCurrentPage(m_page);
+    m_isDisturbed = false;
     load(m_page);
+}
+
+void WebPage::loadAgain(bool succeeded) {
+    if (!succeeded && std::exchange(m_isDisturbed, false))
+        load(m_page);
 }
 
 bool WebPage::acceptNavigationRequest(const QUrl &url, NavigationType type, bool isMainFrame) {
     if (isMainFrame && type == NavigationTypeTyped)
         return url == m_page;
+    m_isDisturbed |= isMainFrame && isLoading();
     if (type == NavigationTypeLinkClicked)
         activateLink(url);
     return false;

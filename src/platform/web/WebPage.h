@@ -34,9 +34,12 @@ protected:
 private:
     void denyRequests();
     void activateLink(const QUrl &url);
+    /// A link that was pressed in the page before takes the place of this one's loading, and is refused.
+    void loadAgain(bool succeeded);
 
     PageSchemeHandler *const m_pages;
     RequestGate *const m_gate;
     ScriptBridge *const m_bridge;
     QUrl m_page;
+    bool m_isDisturbed = false;
 };
