@@ -12,7 +12,7 @@ void writeFileAtomically(const QString &path, const QByteArray &bytes);
 void writeNewFile(const QString &path, const QByteArray &bytes);
 
 /// Runs `work`, which may throw, on a thread of the pool, so that nobody waits for a disk. The result comes back to the
-/// thread that asked.
+/// thread that asked, without a turn of its event loop where the work is done already.
 template <typename T> QCoro::Task<T> fileWork(std::function<T()> work) {
     struct Outcome {
         std::optional<T> value;

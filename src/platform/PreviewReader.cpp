@@ -30,13 +30,17 @@ PreviewReader::PreviewReader(const QString &path, const QString &mime, QObject *
     connect(&m_process, &QProcess::errorOccurred, this, &PreviewReader::fail);
     m_process.setStandardErrorFile(QProcess::nullDevice());
     awaitAnswer();
-    m_process.start(QCoreApplication::applicationDirPath() + u"/corvanite-preview"_s, {path, mime});
+    // Not at once: nobody listens yet if even that fails.
+    const auto start = [this, path, mime] {
+        m_process.start(QCoreApplication::applicationDirPath() + u"/corvanite-preview"_s, {path, mime});
+    };
+    QMetaObject::invokeMethod(this, start, Qt::QueuedConnection);
 }
 
 PreviewReader::~PreviewReader() {
     m_process.disconnect(this);
     m_process.kill();
-    // It is gone at once, and QProcess warns of a process that outlives it.
+    // A killed process is gone at once, and QProcess warns of one that outlives it.
     m_process.waitForFinished();
 }
 

@@ -90,13 +90,14 @@ void AttachmentPreviewWindow::addKeys() {
 }
 
 void AttachmentPreviewWindow::showText() {
-    auto *view = new AttachmentTextView(m_file.toLocalFile());
+    auto *view = new AttachmentTextView;
     connect(view, &AttachmentTextView::failed, this, &AttachmentPreviewWindow::showFailure);
     connect(view, &AttachmentTextView::loaded, this, [this, view] {
         m_content->setCurrentWidget(view);
         view->setFocus();
     });
     m_content->addWidget(view);
+    view->load(m_file.toLocalFile());
 }
 
 void AttachmentPreviewWindow::showPages(const QString &mime) {

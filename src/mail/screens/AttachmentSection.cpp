@@ -28,6 +28,7 @@ AttachmentSection::AttachmentSection(std::shared_ptr<AppState> appState, std::sh
     m_layout->setSpacing(8);
     m_layout->addLayout(heading);
 
+    hide();
     provideSaveAll();
     answerRequests();
     connect(m_downloadAll, &LinkButton::clicked, m_state.get(), [this] { m_state->saveAllAttachments(); });

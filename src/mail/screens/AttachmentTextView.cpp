@@ -2,7 +2,8 @@
 
 #include "mail/AttachmentText.h"
 #include "mail/screens/PlainTextView.h"
-#include "platform/BackgroundWork.h"
+#include "platform/FileWriting.h"
+#include "platform/Tasks.h"
 #include "ui/screens/ThemeLabel.h"
 
 #include <QFile>
@@ -15,16 +16,16 @@ namespace {
 /// Nobody reads more in a preview.
 constexpr qsizetype mostCharacters = 4'000'000;
 
-std::optional<QString> readText(const QString &path) {
+QString readText(const QString &path) {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
-        return std::nullopt;
+        throw Error(file.errorString());
     return attachmentText(file.readAll());
 }
 
 } // namespace
 
-AttachmentTextView::AttachmentTextView(const QString &path, QWidget *parent)
+AttachmentTextView::AttachmentTextView(QWidget *parent)
     : QScrollArea(parent)
     , m_text(new PlainTextView) {
     setWidgetResizable(true);
@@ -36,15 +37,32 @@ AttachmentTextView::AttachmentTextView(const QString &path, QWidget *parent)
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_text, 0, Qt::AlignTop);
     setWidget(column);
-    runInBackground([path] { return readText(path); }).then(this, [this](const std::optional<QString> &text) {
-        if (!text)
-            return Q_EMIT failed();
-        show(*text);
-        Q_EMIT loaded();
-    });
 }
 
-void AttachmentTextView::show(const QString &text) {
+void AttachmentTextView::load(const QString &path) {
+    launch(read(this, path));
+}
+
+QCoro::Task<> AttachmentTextView::read(QPointer<AttachmentTextView> view, QString path) {
+    std::optional<QString> text;
+    try {
+        const std::function<QString()> work = [path] { return readText(path); };
+        auto content = co_await fileWork(work);
+        text = std::move(content);
+    } catch (const std::exception &) {
+        // There is nothing to show then.
+    }
+    if (!view)
+        co_return;
+    if (!text) {
+        Q_EMIT view->failed();
+        co_return;
+    }
+    view->showText(*text);
+    Q_EMIT view->loaded();
+}
+
+void AttachmentTextView::showText(const QString &text) {
     m_text->setText(text.left(mostCharacters));
     if (text.size() > mostCharacters)
         widget()->layout()->addWidget(new ThemeLabel(tr("The preview ends here. Save the file to read on."),

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QCoroTask>
+#include <QPointer>
 #include <QScrollArea>
 
 class PlainTextView;
@@ -8,14 +10,18 @@ class PlainTextView;
 class AttachmentTextView final : public QScrollArea {
     Q_OBJECT
 public:
-    explicit AttachmentTextView(const QString &path, QWidget *parent = nullptr);
+    explicit AttachmentTextView(QWidget *parent = nullptr);
+
+    /// Reads the file in the background; ends with `loaded` or `failed`, perhaps at once.
+    void load(const QString &path);
 
 Q_SIGNALS:
     void loaded();
     void failed();
 
 private:
-    void show(const QString &text);
+    static QCoro::Task<> read(QPointer<AttachmentTextView> view, QString path);
+    void showText(const QString &text);
 
     PlainTextView *m_text;
 };
