@@ -90,6 +90,7 @@ void EmailRowSwipes::prepareTrack() {
     const auto email = m_state->email(m_row.data(EmailListModel::UIDRole).toLongLong());
     if (edge == SwipeEdge::none || !email || (edge == m_track->edge() && m_track->isVisible()))
         return;
+    m_track->setAccessibleName(m_row.data(EmailListModel::SubjectRole).toString());
     m_track->setActions(edge, edge == SwipeEdge::leading ? leadingSwipeActions(*m_state, *email)
                                                          : trailingSwipeActions(*m_state, *email));
 }
