@@ -48,7 +48,9 @@ void WebPage::loadAgain(bool succeeded) {
 bool WebPage::acceptNavigationRequest(const QUrl &url, NavigationType type, bool isMainFrame) {
     if (isMainFrame && type == NavigationTypeTyped)
         return url == m_page;
-    m_isDisturbed |= isMainFrame && isLoading();
+    // Only by a hand: a page that refreshes itself would load for ever.
+    const bool isPressed = type == NavigationTypeLinkClicked || type == NavigationTypeFormSubmitted;
+    m_isDisturbed |= isMainFrame && isPressed && isLoading();
     if (type == NavigationTypeLinkClicked)
         activateLink(url);
     return false;
