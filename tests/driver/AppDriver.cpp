@@ -64,11 +64,11 @@ void AppDriver::signIn(const QString &username, const QString &password) {
     press(Qt::Key_Tab);
     type(password);
     press(Qt::Key_Return);
-    waitUntil([this] { return qobject_cast<ContentView *>(&window())->mainScreen() != nullptr; });
+    waitUntil([this] { return qobject_cast<ContentView *>(m_app->mainWindow()->content())->mainScreen() != nullptr; });
 }
 
 MainScreen &AppDriver::mainScreen() {
-    return *qobject_cast<ContentView *>(&window())->mainScreen();
+    return *qobject_cast<ContentView *>(m_app->mainWindow()->content())->mainScreen();
 }
 
 bool AppDriver::waitForList() {
