@@ -7,6 +7,8 @@
 namespace {
 
 constexpr qreal smallestScale = 0.5;
+/// Less than this part of the width may stick out: that is mostly an empty margin.
+constexpr qreal bearable = 0.03;
 /// What the page measured for another width of the view, before it heard of the present one, differs by more.
 constexpr qreal tolerance = 2;
 
@@ -14,6 +16,14 @@ constexpr qreal tolerance = 2;
 
 void EmailHTMLFit::reset() {
     m_needed = m_formerlyNeeded = m_overflow = 0;
+    m_isSettled = false;
+}
+
+void EmailHTMLFit::setWidth(qreal width) {
+    if (width == m_width)
+        return;
+    m_width = width;
+    m_overflow = 0;
     m_isSettled = false;
 }
 
@@ -26,7 +36,7 @@ bool EmailHTMLFit::receive(qreal contentWidth, qreal visibleWidth) {
         return false;
     const auto before = scale();
     const auto overflow = contentWidth - visibleWidth;
-    if (overflow <= 1) {
+    if (overflow <= bearable * visibleWidth) {
         m_overflow = 0;
     } else if (m_overflow > 0 && overflow > m_overflow / 2) {
         m_needed = m_formerlyNeeded;

@@ -9,7 +9,7 @@ public:
     /// Another page, or this one anew.
     void reset();
     /// The width of the view, in pixels.
-    void setWidth(qreal width) { m_width = width; }
+    void setWidth(qreal width);
     /// From 0.5 to 1.
     qreal scale() const;
     /// Takes what the page says of itself, in CSS pixels. Whether the scale has changed.

@@ -1,7 +1,4 @@
-#include "mail/EmailDetailState.h"
-
-#include "app/AppStateFixture.h"
-#include "mail/MailAnswers.h"
+#include "mail/EmailDetailFixture.h"
 
 #include <QSignalSpy>
 
@@ -10,32 +7,6 @@ using Content = EmailDetailState::Content;
 using Body = EmailDetailState::Body;
 
 namespace {
-
-class EmailDetailStateTest : public CoreTest, protected AppStateFixture {
-protected:
-    void SetUp() override {
-        server.expect("GET", "/api/emails/notification-state?folder=INBOX").answer(500).anyNumberOfTimes();
-        screen = EmailDetailState::make(state);
-    }
-    void TearDown() override {
-        settle();
-        screen.reset();
-        state.reset();
-        CoreTest::TearDown();
-    }
-
-    FakeExchange &expectRead(int uid) {
-        return server.expect("GET", "/api/emails/read/" + QByteArray::number(uid) + "?folder=INBOX");
-    }
-    void show(qint64 uid) { screen->show(EmailWindowRef{uid, u"INBOX"_s}); }
-    void open(const QByteArray &json) {
-        expectRead(7).json(json);
-        show(7);
-        settle();
-    }
-
-    std::shared_ptr<EmailDetailState> screen;
-};
 
 struct BodyRow {
     const char *name;
@@ -54,6 +25,27 @@ const BodyRow bodies[] = {
     {"BothEmpty", R"({"uid": 7, "body_html": "", "body_text": ""})", Body::none, false},
     {"Image", R"({"uid": 7, "body_html": "<p><img src=x>"})", Body::html, true},
     {"ImageInUpperCase", R"({"uid": 7, "body_html": "<IMG src=x>"})", Body::html, false},
+};
+
+struct AttachmentRow {
+    const char *name;
+    QByteArray attachments;
+    qsizetype shown;
+    bool hasAny;
+};
+
+class Attachments : public EmailDetailStateTest, public testing::WithParamInterface<AttachmentRow> {};
+
+const AttachmentRow attachments[] = {
+    {"None", R"([])", 0, false},
+    {"File", R"([{"filename": "a.txt"}])", 1, true},
+    {"Picture", R"([{"type": "image/png"}])", 1, true},
+    {"PictureOfTheBody", R"([{"type": "image/png", "cid": "<a@b>"}])", 0, true},
+    {"BlankContentID", R"([{"type": "image/png", "cid": " \t"}])", 1, true},
+    {"PaddedUpperCaseType", R"([{"type": " IMAGE/PNG", "cid": "a"}])", 0, true},
+    {"TypeBeforeContentType", R"([{"type": "text/plain", "contentType": "image/png", "cid": "a"}])", 1, true},
+    {"ContentType", R"([{"contentType": "image/png", "cid": "a"}])", 0, true},
+    {"FileWithContentID", R"([{"cid": "a"}])", 1, true},
 };
 
 struct HeaderRow {
@@ -177,6 +169,49 @@ TEST_P(Headers, ShowWhatTheMessageHas) {
 }
 
 INSTANTIATE_TEST_SUITE_P(, Headers, testing::ValuesIn(headers), rowName);
+
+TEST_P(Attachments, AreShownUnlessTheyArePartOfTheBody) {
+    open(R"({"uid": 7, "attachments": )" + GetParam().attachments + "}");
+    EXPECT_EQ(qsizetype(screen->shownAttachments().size()), GetParam().shown);
+    EXPECT_EQ(screen->hasAttachments(), GetParam().hasAny);
+}
+
+INSTANTIATE_TEST_SUITE_P(, Attachments, testing::ValuesIn(attachments), rowName);
+
+TEST_F(EmailDetailStateTest, GoesToRelatedMessagesAndBack) {
+    server.expect("GET", "/api/emails/list?folder=INBOX&page=1&per_page=50&search=plan")
+        .json(pageJSON(
+            R"({"uid": 7, "subject": "Plan"}, {"uid": 5, "subject": "Re: plan"}, {"uid": 6, "subject": "x"})"));
+    open(R"({"uid": 7, "subject": "Plan"})");
+    EXPECT_EQ(screen->threadTitle(), u"Thread (1 related)"_s);
+    screen->toggleThread();
+    EXPECT_TRUE(screen->showThreadExpanded);
+    expectRead(5).json(R"({"uid": 5})");
+    screen->openRelated(5);
+    settle();
+    const auto related = screen->pushed.get();
+    ASSERT_TRUE(related);
+    EXPECT_EQ(related->viewModel->email.get()->uid, 5);
+    EXPECT_TRUE(related->isPushed());
+    EXPECT_EQ(screen->viewModel->email.get()->uid, 7);
+    related->goBack();
+    EXPECT_FALSE(screen->pushed.get());
+    screen->goBack();
+    EXPECT_EQ(screen->content(), Content::message);
+}
+
+TEST_F(EmailDetailStateTest, LeavesRelatedMessagesForTheNextSelection) {
+    open(R"({"uid": 7})");
+    expectRead(5).json(R"({"uid": 5})");
+    screen->openRelated(5);
+    screen->toggleThread();
+    settle();
+    expectRead(8).json(R"({"uid": 8})");
+    show(8);
+    EXPECT_FALSE(screen->pushed.get());
+    EXPECT_FALSE(screen->showThreadExpanded);
+    settle();
+}
 
 TEST_F(EmailDetailStateTest, SaysWhatWasCopied) {
     open(R"({"uid": 7})");

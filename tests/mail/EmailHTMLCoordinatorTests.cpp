@@ -84,6 +84,19 @@ TEST_F(EmailHTMLCoordinatorTest, ReloadAsksForTheSamePage) {
     EXPECT_EQ(pages[0], pages[1]);
 }
 
+TEST_F(EmailHTMLCoordinatorTest, LoadsABodyAgainThatWasForgotten) {
+    update(u"one"_s);
+    coordinator.forget();
+    settle();
+    EXPECT_TRUE(pages.isEmpty());
+    update(u"one"_s);
+    settle();
+    coordinator.forget();
+    update(u"one"_s);
+    settle();
+    EXPECT_EQ(pages.size(), 2);
+}
+
 TEST_F(EmailHTMLCoordinatorTest, HeightsAreNumbersOfAtLeastAHundredThatMoveByMoreThanOne) {
     for (const auto &value :
          {QVariant(40), QVariant(u"500"_s), QVariant(true), QVariant(), QVariant(qQNaN()), QVariant(qInf()),
