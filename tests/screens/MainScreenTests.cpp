@@ -1,7 +1,9 @@
 #include "app/screens/MainScreen.h"
 
 #include "app/AppStateFixture.h"
+#include "app/screens/AppWindow.h"
 #include "app/screens/ContentView.h"
+#include "app/screens/KeyboardShortcutsView.h"
 #include "app/screens/LoginView.h"
 #include "mail/MailAnswers.h"
 #include "mail/screens/EmailListView.h"
@@ -10,6 +12,7 @@
 #include "ui/screens/Buttons.h"
 
 #include <QApplication>
+#include <QLineEdit>
 #include <QListView>
 #include <QMenu>
 #include <QTest>
@@ -40,13 +43,15 @@ protected:
                 .json(R"({"uid": 2, "body_text": "Hello", "to": [{"email": "b@x.org"}]})")
                 .anyNumberOfTimes();
         }
-        view = std::make_unique<ContentView>(state, actions);
-        view->resize(1200, 800);
-        showActive(*view);
+        window = std::make_unique<AppWindow>(u"Corvanite"_s, state, [] {});
+        view = new ContentView(state, window->focusedActions());
+        window->setContent(view);
+        window->resize(1200, 800);
+        showActive(*window);
     }
     void TearDown() override {
         settle();
-        view.reset();
+        window.reset();
         state.reset();
         ScreenTest::TearDown();
     }
@@ -59,6 +64,17 @@ protected:
     QListView *folders() const { return visibleNamed<QListView>(*view, u"Folders"_s); }
     QListView *messages() const { return visibleNamed<QListView>(*view, u"Messages"_s); }
     static QString shownIn(const QListView *list) { return list->currentIndex().data().toString(); }
+    QLineEdit *search() const { return visibleNamed<QLineEdit>(*view, u"Search emails…"_s); }
+    /// Whether this entry of the menu bar can be chosen.
+    bool offers(const QString &menu, const QString &entry) const {
+        for (const auto *candidate : window->findChildren<QMenu *>())
+            if (candidate->title().remove(u'&') == menu)
+                for (const auto *action : candidate->actions())
+                    if (action->text() == entry)
+                        return action->isEnabled() && action->isVisible();
+        ADD_FAILURE() << "no such entry: " << entry.toStdString();
+        return false;
+    }
     QStringList accountMenu() const {
         visibleNamed<IconButton>(*view, u"Account and shortcuts"_s)->click();
         QStringList entries;
@@ -69,8 +85,8 @@ protected:
     }
 
     ManualClock clock;
-    FocusedActions actions;
-    std::unique_ptr<ContentView> view;
+    std::unique_ptr<AppWindow> window;
+    ContentView *view = nullptr;
 };
 
 } // namespace
@@ -155,8 +171,63 @@ TEST_F(WholeScreen, ShowsAMessageThatWasWaitingForItsFolder) {
 
 TEST_F(WholeScreen, HasShortcutsForSearchAndReload) {
     open();
-    QTest::keyClick(view.get(), Qt::Key_F, Qt::ControlModifier);
-    EXPECT_EQ(accessibleName(*view->focusWidget()), u"Search emails…"_s);
+    QTest::keyClick(window.get(), Qt::Key_F, Qt::ControlModifier);
+    settle();
+    EXPECT_EQ(accessibleName(*window->focusWidget()), u"Search emails…"_s);
+}
+
+TEST_F(WholeScreen, ItsMenusFollowWhatIsOnShow) {
+    EXPECT_FALSE(offers(u"File"_s, u"New Message"_s));
+    open();
+    EXPECT_TRUE(offers(u"File"_s, u"New Message"_s));
+    EXPECT_TRUE(offers(u"Mailbox"_s, u"Get New Mail"_s));
+    EXPECT_FALSE(offers(u"Message"_s, u"Move to Trash"_s));
+    EXPECT_FALSE(offers(u"Tools"_s, u"Administration"_s));
+    messages()->selectionModel()->select(messages()->model()->index(1, 0), QItemSelectionModel::ClearAndSelect);
+    settle();
+    EXPECT_TRUE(offers(u"Message"_s, u"Move to Trash"_s));
+    settle();
+    EXPECT_TRUE(offers(u"Message"_s, u"Reply"_s));
+    state->navigationDestination = AppDestination::chat;
+    settle();
+    EXPECT_FALSE(offers(u"Message"_s, u"Reply"_s));
+    EXPECT_FALSE(offers(u"Mailbox"_s, u"Get New Mail"_s));
+}
+
+TEST_F(WholeScreen, KeysOfTheMenusBelongToAFieldThatUsesThem) {
+    open();
+    messages()->selectionModel()->select(messages()->model()->index(1, 0), QItemSelectionModel::ClearAndSelect);
+    settle();
+    search()->setFocus();
+    QTest::keyClicks(search(), u"two words"_s);
+    QTest::keyClick(search(), Qt::Key_Backspace, Qt::ControlModifier);
+    EXPECT_EQ(search()->text(), u"two "_s);
+    QTest::keyClick(search(), Qt::Key_A, Qt::ControlModifier);
+    EXPECT_EQ(search()->selectedText(), u"two "_s);
+    search()->clear();
+    settle();
+    // Moving the message to the trash would have been a request that nobody expects.
+    server.assertSilence();
+}
+
+TEST_F(WholeScreen, TheEditMenuIsForWhatHasTheFocus) {
+    open();
+    search()->setFocus();
+    EXPECT_TRUE(offers(u"Edit"_s, u"Paste"_s));
+    messages()->setFocus();
+    EXPECT_FALSE(offers(u"Edit"_s, u"Paste"_s));
+    EXPECT_TRUE(offers(u"Edit"_s, u"Select All"_s));
+}
+
+TEST_F(WholeScreen, ListsTheKeysOnDemand) {
+    open();
+    QTest::keyClick(window.get(), Qt::Key_Slash, Qt::ControlModifier);
+    settle();
+    auto *sheet = window->findChild<KeyboardShortcutsView *>();
+    ASSERT_TRUE(sheet && sheet->isVisible());
+    EXPECT_TRUE(showsText(*sheet, u"Open in separate window"_s));
+    QTest::keyClick(sheet, Qt::Key_Escape);
+    EXPECT_FALSE(sheet->isVisible());
 }
 
 TEST_F(WholeScreen, NamesEverythingThatTakesTheFocus) {

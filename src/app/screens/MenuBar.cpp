@@ -1,6 +1,7 @@
 #include "app/screens/MenuBar.h"
 
 #include "app/screens/EditMenu.h"
+#include "app/screens/EditingKeys.h"
 #include "ui/screens/Sheet.h"
 #include "ui/screens/ThemeLabel.h"
 
@@ -12,6 +13,7 @@ MenuBar::MenuBar(std::shared_ptr<AppState> appState, const FocusedActions &focus
                  std::function<void()> openMainWindow, QWidget *parent)
     : QMenuBar(parent)
     , m_commands(appState, focused, std::move(openMainWindow)) {
+    new EditingKeys(this);
     addMenus();
     addCommands();
     addPlatformCommands();
