@@ -31,7 +31,7 @@ QString percentage(double score) {
 } // namespace
 
 void EmailDetailState::perform(MacMailAction action) {
-    if (!viewModel->email.get())
+    if (content() != Content::message)
         return;
     switch (action) {
     case MacMailAction::archive:
@@ -137,7 +137,8 @@ QString EmailDetailState::blockedAddress() const {
 }
 
 void EmailDetailState::block(bool byDomain) {
-    launch(blockSender(byDomain));
+    if (content() == Content::message)
+        launch(blockSender(byDomain));
 }
 
 QCoro::Task<> EmailDetailState::blockSender(bool byDomain) {
@@ -164,7 +165,7 @@ QCoro::Task<> EmailDetailState::blockSender(bool byDomain) {
 }
 
 void EmailDetailState::checkSpam() {
-    if (viewModel->email.get())
+    if (content() == Content::message)
         launch(scoreSpam());
 }
 
@@ -212,7 +213,7 @@ QCoro::Task<> EmailDetailState::loadSource() {
 }
 
 MenuSection EmailDetailState::moreEntries() {
-    if (!viewModel->email.get())
+    if (content() != Content::message)
         return {};
     const auto self = shared_from_this();
     const auto toggleRead = [self] { self->perform(MacMailAction::toggleRead); };

@@ -226,9 +226,12 @@ TEST_F(EmailDetailActionsTest, DoNothingWithoutAMessage) {
                         MacMailAction::delete_, MacMailAction::flag,     MacMailAction::toggleRead,
                         MacMailAction::junk,    MacMailAction::block,    MacMailAction::reply,
                         MacMailAction::forward, MacMailAction::replyAll, MacMailAction::source};
+    openIn("INBOX", fromAda);
+    screen->show(std::nullopt);
     for (const auto action : every)
         screen->perform(action);
     screen->checkSpam();
+    screen->block(false);
     settle();
     EXPECT_FALSE(state->showCompose);
     EXPECT_FALSE(screen->showBlockConfirmation);

@@ -8,6 +8,7 @@
 #include "screens/Widgets.h"
 #include "ui/screens/Spinner.h"
 
+#include <QApplication>
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QMenu>
@@ -15,6 +16,7 @@
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QTest>
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
@@ -25,8 +27,13 @@ class MessageScreen : public ScreenTest, protected AppStateFixture {
 protected:
     void SetUp() override {
         server.expect("GET", "/api/emails/notification-state?folder=INBOX").answer(500).anyNumberOfTimes();
+        server
+            .expect("GET",
+                    "/faviconV2?client=SOCIAL&type=FAVICON&fallback_opts=TYPE,SIZE,URL&url=https://x.org&size=64")
+            .answer(404)
+            .anyNumberOfTimes();
         screen = EmailDetailState::make(state);
-        view = std::make_unique<EmailDetailView>(state, screen);
+        view = std::make_unique<EmailDetailView>(state, screen, actions);
         view->resize(700, 500);
         showActive(*view);
     }
@@ -61,6 +68,7 @@ protected:
     }
 
     ManualClock clock;
+    FocusedActions actions;
     std::shared_ptr<EmailDetailState> screen;
     std::unique_ptr<EmailDetailView> view;
 };
@@ -78,13 +86,16 @@ TEST_F(MessageScreen, ShowsProgressOnlyWhenTheMessageIsSlow) {
     show(7);
     read.request();
     deliverQueuedEvents();
-    auto *spinner = view->findChild<Spinner *>();
-    EXPECT_FALSE(spinner->isVisible());
+    const auto showsProgress = [this] {
+        const auto spinners = view->findChildren<Spinner *>();
+        return std::ranges::any_of(spinners, &QWidget::isVisible);
+    };
+    EXPECT_FALSE(showsProgress());
     clock.advance(150ms);
-    EXPECT_TRUE(spinner->isVisible());
+    EXPECT_TRUE(showsProgress());
     answerHeld(read, R"({"uid": 7, "body_text": "Hello"})");
     settle();
-    EXPECT_FALSE(spinner->isVisible());
+    EXPECT_FALSE(showsProgress());
     EXPECT_TRUE(text().isVisible());
     clock.advance(1s);
     EXPECT_TRUE(text().isVisible());
@@ -177,6 +188,52 @@ TEST_F(MessageScreen, CopiesAddressesAndTheSubject) {
     settle();
     clock.advance(3s);
     EXPECT_EQ(screen->copiedToast.get(), std::nullopt);
+}
+
+TEST_F(MessageScreen, KeepsToTheWidthOfItsColumn) {
+    const auto subject = QByteArray(300, 's'), address = QByteArray(80, 'a') + "@x.org";
+    server.expect("GET", "/api/emails/list?folder=INBOX&page=1&per_page=50&search=" + subject)
+        .json(R"({"emails": [{"uid": 5, "subject": ")" + subject + R"("}], "total": 1, "page": 1, "pages": 1})");
+    open(R"(, "body_text": "x", "subject": ")" + subject + R"(", "from": [{"email": ")" + address +
+         R"("}], "to": [{"email": ")" + address + R"("}], "attachments": [{"filename": ")" + subject + R"("}])");
+    screen->toggleThread();
+    for (const int width : {700, 320}) {
+        view->resize(width, 500);
+        settle();
+        const auto *area = view->findChild<QScrollArea *>();
+        EXPECT_EQ(area->widget()->width(), area->viewport()->width());
+    }
+}
+
+TEST_F(MessageScreen, TellsTheMenuBarWhatTheTopmostMessageOffers) {
+    EXPECT_FALSE(actions.message());
+    open(R"(, "attachments": [{"type": "image/png", "cid": "a"}])");
+    ASSERT_TRUE(actions.message());
+    EXPECT_TRUE(actions.message()->hasAttachments);
+    auto &read = server.expect("GET", "/api/emails/read/5?folder=INBOX").held();
+    screen->openRelated(5);
+    read.request();
+    deliverQueuedEvents();
+    EXPECT_FALSE(actions.message());
+    answerHeld(read, R"({"uid": 5, "body_text": "related"})");
+    settle();
+    ASSERT_TRUE(actions.message());
+    EXPECT_FALSE(actions.message()->hasAttachments);
+    actions.message()->perform(MacMailAction::reply);
+    EXPECT_EQ(state->composeReplyTo.get()->uid, 5);
+    ASSERT_TRUE(button(u"Reply"_s));
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Left, Qt::AltModifier);
+    settle();
+    EXPECT_TRUE(actions.message()->hasAttachments);
+    screen->show(std::nullopt);
+    settle();
+    EXPECT_FALSE(actions.message());
+}
+
+TEST_F(MessageScreen, GivesTheBodyTheFocusAsSoonAsItIsThere) {
+    view->focusBody();
+    open(R"(, "body_text": "x")");
+    EXPECT_TRUE(text().hasFocus());
 }
 
 TEST_F(MessageScreen, NamesEverythingThatTakesTheFocus) {

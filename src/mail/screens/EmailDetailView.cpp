@@ -138,7 +138,7 @@ void EmailDetailView::renderPushed() {
 // The topmost screen alone speaks to the menu bar.
 void EmailDetailView::publish() {
     std::optional<bool> hasAttachments;
-    if (!m_pushed && m_state->viewModel->email.get())
+    if (!m_pushed && m_state->content() == EmailDetailState::Content::message)
         hasAttachments = m_state->hasAttachments();
     if (!m_actions || std::exchange(m_publishedAttachments, hasAttachments) == hasAttachments)
         return;
