@@ -43,9 +43,8 @@ void EmailHTMLCoordinator::storeGuards(const EmailHTMLInputs &inputs) {
 
 void EmailHTMLCoordinator::buildPage(const EmailHTMLInputs &inputs) {
     const auto build = ++m_build;
-    runInBackground([inputs] {
-        return emailHTMLPage(inputs.html, inputs.theme, inputs.showImages).toUtf8();
-    }).then(this, [this, build](const QByteArray &page) {
+    const auto makePage = [inputs] { return emailHTMLPage(inputs.html, inputs.theme, inputs.showImages).toUtf8(); };
+    runInBackground(makePage, this, [this, build](const QByteArray &page) {
         if (build == m_build)
             load(page);
     });

@@ -46,7 +46,8 @@ void PlainMailView::setTheme(const ThemeDefinition &theme) {
 
 void PlainMailView::setHtml(const QString &html) {
     const auto conversion = ++m_conversion;
-    runInBackground([html] { return plainTextFromHTML(html); }).then(this, [this, conversion](const QString &text) {
+    const auto convert = [html] { return plainTextFromHTML(html); };
+    runInBackground(convert, this, [this, conversion](const QString &text) {
         if (conversion == m_conversion)
             showText(text);
     });
