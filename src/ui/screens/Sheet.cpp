@@ -32,6 +32,7 @@ QPushButton *Sheet::addButton(const QString &text, ButtonRole role) {
     auto *button = new QPushButton(text);
     setButtonRole(button, role);
     button->setAutoDefault(false);
+    pressWithReturn(button);
     button->setDefault(role == ButtonRole::primary);
     m_buttons->addWidget(button);
     return button;
