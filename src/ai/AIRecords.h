@@ -110,3 +110,40 @@ template <>
 inline constexpr auto jsonFields<AISpamCheckResponse> = jsonRecord(jsonField("scores", &AISpamCheckResponse::scores),
                                                                    jsonField("error", &AISpamCheckResponse::error),
                                                                    jsonField("usage", &AISpamCheckResponse::usage));
+
+/// What one operation or one provider has used.
+struct AIUsageByOp {
+    std::optional<qint64> input_tokens, output_tokens, requests;
+
+    bool operator==(const AIUsageByOp &) const = default;
+};
+template <>
+inline constexpr auto jsonFields<AIUsageByOp> = jsonRecord(jsonField("input_tokens", &AIUsageByOp::input_tokens),
+                                                           jsonField("output_tokens", &AIUsageByOp::output_tokens),
+                                                           jsonField("requests", &AIUsageByOp::requests));
+using AIUsageByProvider = AIUsageByOp;
+
+struct AIUsageDaily {
+    std::optional<qint64> input, output, requests;
+
+    bool operator==(const AIUsageDaily &) const = default;
+};
+template <>
+inline constexpr auto jsonFields<AIUsageDaily> = jsonRecord(jsonField("input", &AIUsageDaily::input),
+                                                            jsonField("output", &AIUsageDaily::output),
+                                                            jsonField("requests", &AIUsageDaily::requests));
+
+/// What the account has used in a period.
+struct AIUsageResponse {
+    std::optional<qint64> total_input, total_output, total_requests;
+    std::optional<std::map<QString, AIUsageByOp>> by_operation;
+    std::optional<std::map<QString, AIUsageByProvider>> by_provider;
+    /// By day; the keys sort in the order of the days.
+    std::optional<std::map<QString, AIUsageDaily>> daily;
+};
+template <>
+inline constexpr auto jsonFields<AIUsageResponse> = jsonRecord(
+    jsonField("total_input", &AIUsageResponse::total_input), jsonField("total_output", &AIUsageResponse::total_output),
+    jsonField("total_requests", &AIUsageResponse::total_requests),
+    jsonField("by_operation", &AIUsageResponse::by_operation), jsonField("by_provider", &AIUsageResponse::by_provider),
+    jsonField("daily", &AIUsageResponse::daily));

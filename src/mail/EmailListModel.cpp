@@ -10,7 +10,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qsizetype previewLength = 200;
+constexpr qsizetype previewLength = 500;
 
 QString accessibleText(const EmailRow &row) {
     QStringList parts;

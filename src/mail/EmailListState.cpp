@@ -100,7 +100,7 @@ void EmailListState::startFolder() {
     loadedFolderPath = std::nullopt;
     // The first load shows what was signalled while another folder was on show.
     if (concerns(m_appState->emailsChangedInFolder))
-        m_appState->emailsChangedInFolder = std::nullopt;
+        takeChangedFolder();
     m_folderTask.start([this](std::stop_token stop) { return loadFolder(folder->path, std::move(stop)); });
 }
 
@@ -245,8 +245,14 @@ void EmailListState::answerChangedFolder() {
     const auto changedFolder = m_appState->emailsChangedInFolder.get();
     if (std::exchange(m_signalledFolder, changedFolder) == changedFolder || !concerns(changedFolder))
         return;
-    m_appState->emailsChangedInFolder = std::nullopt;
+    takeChangedFolder();
     launch(viewModel->load(requestFolder(), 1, isFavorites()));
+}
+
+/// The same folder may be signalled again before the shared state has told of this.
+void EmailListState::takeChangedFolder() {
+    m_appState->emailsChangedInFolder = std::nullopt;
+    m_signalledFolder = std::nullopt;
 }
 
 /// What the list shows may be out of date after a time without events, or may never have come.

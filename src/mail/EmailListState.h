@@ -80,6 +80,7 @@ private:
     QCoro::Task<> loadFolder(QString path, std::stop_token stop);
     static QCoro::Task<> searchLater(std::weak_ptr<EmailListState> screen, std::stop_token stop);
     void answerChangedFolder();
+    void takeChangedFolder();
     void answerReconnection();
     bool knowsCount() const;
     bool concerns(const std::optional<QString> &folderPath) const;

@@ -19,6 +19,7 @@ constexpr int cachedDomains = 2000;
 /// A shorter answer is no picture.
 constexpr qint64 shortestIcon = 101;
 constexpr qint64 longestIcon = 1 << 20;
+constexpr auto retryDelay = std::chrono::minutes(1);
 /// In pixels: what claims to be larger is not decoded at all.
 constexpr int largestSide = 1024;
 constexpr int keptSide = 64;
@@ -63,7 +64,9 @@ QImage FaviconStore::icon(const QString &domain) {
         return {};
     if (const auto *known = m_icons.object(domain))
         return *known;
-    if (m_fetching.insert(domain).second)
+    const auto retry = m_retryAt.find(domain);
+    const bool mayTry = retry == m_retryAt.end() || Clock::shared().uptime() >= retry->second;
+    if (mayTry && m_fetching.insert(domain).second)
         launch(fetch(domain));
     return {};
 }
@@ -85,8 +88,11 @@ QCoro::Task<> FaviconStore::fetch(QString domain) {
     std::optional<HTTPResponse> response;
     try {
         response = co_await m_session->data(std::move(request));
-    } catch (const std::exception &) {
-        // Nothing is kept, so that a later look tries again.
+    } catch (const URLError &error) {
+        if (error.code() == URLError::Code::tooLarge)
+            response = HTTPResponse();
+        else
+            m_retryAt[domain] = Clock::shared().uptime() + retryDelay;
     }
     if (response && (response->status != 200 || response->body.size() < shortestIcon)) {
         keep(domain, {});

@@ -1,9 +1,12 @@
 #pragma once
 
+#include "platform/Clock.h"
+
 #include <QCache>
 #include <QCoroTask>
 #include <QImage>
 #include <QObject>
+#include <map>
 #include <memory>
 #include <set>
 
@@ -17,7 +20,8 @@ public:
     static FaviconStore &shared();
     ~FaviconStore() override;
 
-    /// The domain's picture, null when it has none or is not known yet; an unknown one is fetched, once at a time.
+    /// The domain's picture, null when it has none or is not known yet; an unknown one is fetched, once at a time, and
+    /// after a broken connection not again for a minute.
     /// Safe to ask while painting.
     QImage icon(const QString &domain);
 
@@ -34,4 +38,6 @@ private:
     /// A null picture marks a domain that is known to have none.
     QCache<QString, QImage> m_icons;
     std::set<QString> m_fetching;
+    /// When to try again what could not be fetched.
+    std::map<QString, Clock::Duration> m_retryAt;
 };

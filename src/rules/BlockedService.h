@@ -8,4 +8,5 @@ class BlockedService {
 public:
     /// `type` is "sender", "name" or "subject".
     static QCoro::Task<> add(QString type, QString pattern);
+    static QCoro::Task<> remove(QString type, QString pattern);
 };

@@ -121,3 +121,14 @@ TEST(AIAvailability, NobodySignedInHasNone) {
 }
 
 INSTANTIATE_TEST_SUITE_P(, Availability, testing::ValuesIn(users), rowName);
+
+TEST(AIUsageResponse, EveryKeyMayBeAbsent) {
+    EXPECT_EQ(decodeJSON<AIUsageResponse>(parseJSON("{}")).daily, std::nullopt);
+    const auto usage = decodeJSON<AIUsageResponse>(parseJSON(
+        R"({"total_input": 7, "by_operation": {"chat": {"requests": 2}}, "by_provider": {"own": {"input_tokens": null}},
+            "daily": {"2026-11-22": {"input": 3, "output": 4, "requests": 1}}})"));
+    EXPECT_EQ(usage.total_input, 7);
+    EXPECT_EQ(usage.by_operation->at(u"chat"_s), (AIUsageByOp{std::nullopt, std::nullopt, 2}));
+    EXPECT_EQ(usage.by_provider->at(u"own"_s), AIUsageByProvider());
+    EXPECT_EQ(usage.daily->at(u"2026-11-22"_s), (AIUsageDaily{3, 4, 1}));
+}

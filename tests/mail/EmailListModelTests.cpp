@@ -99,12 +99,12 @@ TEST_F(EmailListModelTest, PreparesWhatARowShows) {
                              .date = clock.now().addSecs(-3600).toOffsetFromUtc(0).toString(Qt::ISODate),
                              .flagged = true,
                              .has_attachment = true,
-                             .body_text = u" Hello\n\n there "_s + QString(300, u'x')};
+                             .body_text = u" Hello\n\n there "_s + QString(600, u'x')};
     const auto row = emailRow(email, false);
     EXPECT_EQ(row.name, u"Ada"_s);
     EXPECT_EQ(row.domain, u"x.org"_s);
     EXPECT_EQ(row.subject, u"(No Subject)"_s);
-    EXPECT_EQ(row.preview, u"Hello there "_s + QString(188, u'x'));
+    EXPECT_EQ(row.preview, u"Hello there "_s + QString(488, u'x'));
     EXPECT_EQ(row.dateText, u"11:00 AM"_s);
     EXPECT_TRUE(row.isUnread && row.isFlagged && row.hasAttachment);
     EXPECT_EQ(row.accessibleText,

@@ -275,6 +275,20 @@ TEST_F(EmailListTest, ReloadsForTheFirstOfTwoFoldersThatChangeInOneTurn) {
     EXPECT_THAT(uids(), ElementsAre(2));
 }
 
+TEST_F(EmailListTest, GoesOnHearingOfAFolderThatWasSignalledTwiceInOneTurn) {
+    open({1});
+    expectPage("Work").json(pageJSON(emptyEmails({2})));
+    expectPage("Work").json(pageJSON(emptyEmails({2})));
+    receive(u"emails_changed"_s, R"({"folder": "Work"})");
+    receive(u"emails_changed"_s, R"({"folder": "Work"})");
+    settle();
+    EXPECT_EQ(state->emailsChangedInFolder.get(), std::nullopt);
+    expectPage("Work").json(pageJSON(emptyEmails({3})));
+    receive(u"emails_changed"_s, R"({"folder": "Work"})");
+    settle();
+    EXPECT_THAT(uids(), ElementsAre(3));
+}
+
 TEST_F(EmailListTest, ReadsTheFolderOnceThatChangedBeforeItWasOpened) {
     open({1});
     state->emailsChangedInFolder = u"Other"_s;

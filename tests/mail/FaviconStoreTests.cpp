@@ -40,6 +40,7 @@ protected:
         return store.icon(domain);
     }
 
+    ManualClock clock;
     FakeServer server;
     FaviconStore &store = FaviconStore::shared();
 };
@@ -86,9 +87,11 @@ TEST_P(NoIcon, IsRemembered) {
 
 INSTANTIATE_TEST_SUITE_P(, NoIcon, testing::ValuesIn(misses), rowName);
 
-TEST_F(FaviconStoreTest, ABrokenConnectionIsTriedAgain) {
+TEST_F(FaviconStoreTest, ABrokenConnectionIsTriedAgainButNotAtOnce) {
     expect("again.example").closing();
     EXPECT_TRUE(fetched(u"again.example"_s).isNull());
+    server.assertSilence();
+    clock.advance(std::chrono::minutes(1));
     expect("again.example").answer(200, picture({16, 16}));
     EXPECT_FALSE(fetched(u"again.example"_s).isNull());
 }

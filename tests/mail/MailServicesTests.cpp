@@ -55,6 +55,8 @@ const ChangeRow changes[] = {
      R"({"share_id": "s1"})", false},
     {"Block", [] { return BlockedService().add(u"sender"_s, u"*@x.org"_s); }, "/api/blocked/add",
      R"({"type": "sender", "pattern": "*@x.org"})", false},
+    {"Unblock", [] { return BlockedService().remove(u"name"_s, u" *Casino*"_s); }, "/api/blocked/delete",
+     R"({"type": "name", "pattern": " *Casino*"})", false},
 };
 
 class MailServiceTest : public CoreTest {

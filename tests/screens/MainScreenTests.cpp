@@ -219,15 +219,16 @@ TEST_F(WholeScreen, TheEditMenuIsForWhatHasTheFocus) {
     EXPECT_TRUE(offers(u"Edit"_s, u"Select All"_s));
 }
 
-TEST_F(WholeScreen, ListsTheKeysOnDemand) {
-    open();
+TEST_F(WholeScreen, ListsTheKeysOnDemandEvenBeforeSigningIn) {
     QTest::keyClick(window.get(), Qt::Key_Slash, Qt::ControlModifier);
     settle();
     auto *sheet = window->findChild<KeyboardShortcutsView *>();
     ASSERT_TRUE(sheet && sheet->isVisible());
     EXPECT_TRUE(showsText(*sheet, u"Open in separate window"_s));
+    EXPECT_TRUE(state->showKeyboardShortcuts);
     QTest::keyClick(sheet, Qt::Key_Escape);
     EXPECT_FALSE(sheet->isVisible());
+    EXPECT_FALSE(state->showKeyboardShortcuts);
 }
 
 TEST_F(WholeScreen, NamesEverythingThatTakesTheFocus) {

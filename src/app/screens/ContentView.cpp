@@ -1,5 +1,6 @@
 #include "app/screens/ContentView.h"
 
+#include "app/screens/KeyboardShortcutsView.h"
 #include "app/screens/LoginView.h"
 #include "app/screens/MainScreen.h"
 #include "ui/screens/CrossFade.h"
@@ -19,6 +20,15 @@ ContentView::ContentView(std::shared_ptr<AppState> appState, FocusedActions &act
     , m_actions(actions)
     , m_layout(new QStackedLayout(this)) {
     observe(m_appState.get(), this, &ContentView::render);
+    observe(m_appState.get(), this, &ContentView::renderShortcuts);
+}
+
+void ContentView::renderShortcuts() {
+    if (!m_appState->showKeyboardShortcuts || m_shortcuts)
+        return;
+    m_shortcuts = new KeyboardShortcutsView(this);
+    connect(m_shortcuts, &QDialog::finished, m_appState.get(), [this] { m_appState->showKeyboardShortcuts = false; });
+    m_shortcuts->open();
 }
 
 MainScreen *ContentView::mainScreen() const {

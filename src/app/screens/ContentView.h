@@ -7,6 +7,7 @@
 #include <QWidget>
 
 class FocusedActions;
+class KeyboardShortcutsView;
 class QStackedLayout;
 class MainScreen;
 
@@ -29,11 +30,13 @@ private:
     Screen wantedScreen() const;
     QWidget *makeScreen(Screen screen);
     void render();
+    void renderShortcuts();
 
     std::shared_ptr<AppState> m_appState;
     FocusedActions &m_actions;
     QStackedLayout *m_layout;
     std::optional<Screen> m_screen;
     QPointer<QWidget> m_shown;
+    QPointer<KeyboardShortcutsView> m_shortcuts;
     Clock::Duration m_shownSince{};
 };

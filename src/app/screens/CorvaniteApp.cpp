@@ -12,9 +12,16 @@
 namespace {
 
 constexpr QSize mainWindowSize(1200, 800);
-constexpr QSize smallestMainWindow(860, 520);
+constexpr QSize smallestMainContent(860, 520);
 constexpr QSize emailWindowSize(820, 720);
-constexpr QSize smallestEmailWindow(640, 520);
+constexpr QSize smallestEmailContent(640, 520);
+
+void bringToFront(QWidget &window) {
+    window.setWindowState(window.windowState() & ~Qt::WindowMinimized);
+    window.show();
+    window.raise();
+    window.activateWindow();
+}
 
 } // namespace
 
@@ -53,36 +60,32 @@ void CorvaniteApp::applyTheme() {
     ::applyTheme(m_appState->themeManager.currentTheme());
 }
 
-std::unique_ptr<AppWindow> CorvaniteApp::makeWindow(const QString &title, QSize smallest, QSize usual) {
+std::unique_ptr<AppWindow> CorvaniteApp::makeWindow(const QString &title, QSize usual) {
     auto window = std::make_unique<AppWindow>(title, m_appState, [this] { openMainWindow(); });
-    window->setMinimumSize(smallest);
     window->resize(usual);
     return window;
 }
 
 void CorvaniteApp::makeMainWindow() {
-    m_mainWindow = makeWindow(QStringLiteral("Corvanite"), smallestMainWindow, mainWindowSize);
+    m_mainWindow = makeWindow(QStringLiteral("Corvanite"), mainWindowSize);
     auto *content = new ContentView(m_appState, m_mainWindow->focusedActions());
     connect(content, &ContentView::emailWindowRequested, this, &CorvaniteApp::openEmailWindow);
+    content->setMinimumSize(smallestMainContent);
     m_mainWindow->setContent(content);
 }
 
 void CorvaniteApp::openMainWindow() {
     if (!m_mainWindow)
         makeMainWindow();
-    m_mainWindow->show();
-    m_mainWindow->raise();
-    m_mainWindow->activateWindow();
+    bringToFront(*m_mainWindow);
 }
 
 void CorvaniteApp::openEmailWindow(const EmailWindowRef &reference) {
     std::erase_if(m_emailWindows, [](const auto &window) { return window.second.isNull(); });
     for (const auto &[open, window] : m_emailWindows)
-        if (open == reference) {
-            window->raise();
-            return window->activateWindow();
-        }
-    auto *window = makeWindow(QStringLiteral("Email"), smallestEmailWindow, emailWindowSize).release();
+        if (open == reference)
+            return bringToFront(*window);
+    auto *window = makeWindow(QStringLiteral("Email"), emailWindowSize).release();
     window->setAttribute(Qt::WA_DeleteOnClose);
     m_emailWindows.emplace_back(reference, window);
     auto state = EmailDetailState::make(m_appState);
@@ -91,6 +94,7 @@ void CorvaniteApp::openEmailWindow(const EmailWindowRef &reference) {
     auto *layout = new QVBoxLayout(background);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(detail);
+    background->setMinimumSize(smallestEmailContent);
     window->setContent(background);
     connect(new QShortcut(Qt::Key_Escape, window), &QShortcut::activated, window, &QWidget::close);
     connect(state.get(), &EmailDetailState::dismissRequested, window, &QWidget::close);

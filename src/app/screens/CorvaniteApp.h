@@ -27,7 +27,7 @@ public:
 private:
     void applyTheme();
     void followSystemAppearance();
-    std::unique_ptr<AppWindow> makeWindow(const QString &title, QSize smallest, QSize usual);
+    std::unique_ptr<AppWindow> makeWindow(const QString &title, QSize usual);
     void makeMainWindow();
 
     std::shared_ptr<AppState> m_appState = std::make_shared<AppState>();

@@ -1,7 +1,6 @@
 #include "app/screens/MainScreen.h"
 
 #include "app/screens/DestinationView.h"
-#include "app/screens/KeyboardShortcutsView.h"
 #include "mail/Folders.h"
 #include "mail/screens/EmailDetailView.h"
 #include "mail/screens/EmailHTMLView.h"
@@ -76,10 +75,6 @@ void MainScreen::render() {
         m_destination->showSection(*destination);
     m_content->setCurrentWidget(destination ? static_cast<QWidget *>(m_destination) : m_mailView);
     m_toasts->setToast(m_state->toast);
-    if (m_appState->showKeyboardShortcuts) {
-        m_appState->showKeyboardShortcuts = false;
-        (new KeyboardShortcutsView(this))->open();
-    }
     renderMail();
 }
 

@@ -55,8 +55,15 @@ bool EmailRowSwipes::eventFilter(QObject *watched, QEvent *event) {
 }
 
 bool EmailRowSwipes::takeWheel(const QWheelEvent &event) {
+    if (event.phase() == Qt::ScrollBegin || event.phase() == Qt::ScrollEnd)
+        m_isAbandoned = false;
     if (event.phase() == Qt::ScrollEnd && m_isPushing) {
         release();
+        return true;
+    }
+    if (m_isAbandoned && isSideways(event)) {
+        if (event.phase() == Qt::NoScrollPhase)
+            forgetAbandonedPushLater();
         return true;
     }
     if (event.phase() == Qt::ScrollMomentum || !isSideways(event))
@@ -67,6 +74,10 @@ bool EmailRowSwipes::takeWheel(const QWheelEvent &event) {
     if (m_isPushing && event.phase() == Qt::NoScrollPhase)
         m_pause = Clock::shared().after(pauseLength, [this] { release(); });
     return true;
+}
+
+void EmailRowSwipes::forgetAbandonedPushLater() {
+    m_pause = Clock::shared().after(pauseLength, [this] { m_isAbandoned = false; });
 }
 
 void EmailRowSwipes::push(const QModelIndex &index, double distance) {
@@ -88,8 +99,10 @@ void EmailRowSwipes::begin(const QModelIndex &index) {
 void EmailRowSwipes::prepareTrack() {
     const auto edge = m_swipe.edge();
     const auto email = m_state->email(m_row.data(EmailListModel::UIDRole).toLongLong());
-    if (edge == SwipeEdge::none || !email || (edge == m_track->edge() && m_track->isVisible()))
+    if (edge == SwipeEdge::none || (edge == m_track->edge() && m_track->isVisible()))
         return;
+    if (!email)
+        return m_track->setActions(edge, {});
     m_track->setAccessibleName(m_row.data(EmailListModel::SubjectRole).toString());
     m_track->setActions(edge, edge == SwipeEdge::leading ? leadingSwipeActions(*m_state, *email)
                                                          : trailingSwipeActions(*m_state, *email));
@@ -118,16 +131,21 @@ void EmailRowSwipes::open(const QModelIndex &index, SwipeEdge edge) {
 }
 
 void EmailRowSwipes::perform(std::size_t number) {
-    const auto action = m_track->actions().at(number).perform;
+    const auto actions = m_track->actions();
     close();
-    action();
+    if (number < actions.size())
+        actions[number].perform();
 }
 
 void EmailRowSwipes::close() {
     if (!isOpen())
         return;
     m_pause.reset();
-    m_isPushing = false;
+    // The fingers that go on moving mean the row that was there, not the one that has come under them.
+    if (std::exchange(m_isPushing, false)) {
+        m_isAbandoned = true;
+        forgetAbandonedPushLater();
+    }
     m_slide.stop();
     m_swipe.close();
     const bool hadFocus = m_track->isAncestorOf(m_rows->window()->focusWidget());

@@ -30,6 +30,7 @@ private:
     void release();
     void begin(const QModelIndex &index);
     void prepareTrack();
+    void forgetAbandonedPushLater();
     void perform(std::size_t number);
     void slideTo(double offset);
     void show(double offset);
@@ -44,4 +45,6 @@ private:
     /// Wheels that do not say when a gesture ends are given up after a pause.
     ScheduledWorkPtr m_pause;
     bool m_isPushing = false;
+    /// The list has changed in the middle of a push.
+    bool m_isAbandoned = false;
 };
