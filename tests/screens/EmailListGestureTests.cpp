@@ -1,6 +1,7 @@
 #include "mail/screens/EmailRowDelegate.h"
 #include "mail/screens/SwipeTrack.h"
 #include "screens/ListScreenFixture.h"
+#include "ui/screens/EmptyStateView.h"
 
 #include <QContextMenuEvent>
 #include <QMenu>
@@ -29,6 +30,12 @@ protected:
         QWheelEvent event(at, rows().viewport()->mapToGlobal(at), {distance, 0}, {distance * 3, 0}, Qt::NoButton,
                           Qt::NoModifier, phase, false);
         QCoreApplication::sendEvent(rows().viewport(), &event);
+    }
+    /// One step of fingers that move down.
+    void pull(QWidget *content, int distance, Qt::ScrollPhase phase) {
+        QWheelEvent event({20, 20}, content->mapToGlobal(QPoint(20, 20)), {0, distance}, {0, distance}, Qt::NoButton,
+                          Qt::NoModifier, phase, false);
+        QCoreApplication::sendEvent(content, &event);
     }
     SwipeTrack &track() const { return *view->findChild<SwipeTrack *>(); }
     QAbstractButton *action(const QString &name) const { return visibleNamed<QAbstractButton>(track(), name); }
@@ -120,6 +127,24 @@ TEST_F(ListGestures, ArrowKeysReachTheActionsOfARow) {
     expectBody(request, R"({"uid": 1, "from_folder": "Work", "to_folder": "Archive"})");
 }
 
+TEST_F(ListGestures, SwipeEndsWhenAnotherRowComesUnderIt) {
+    open({1, 2, 3});
+    push(0, 0, Qt::ScrollBegin);
+    push(0, -40, Qt::ScrollUpdate);
+    EXPECT_TRUE(track().isVisible());
+    reload({9, 1, 2, 3});
+    ASSERT_EQ(rows().model()->rowCount(), 4);
+    push(0, -2000, Qt::ScrollUpdate);
+    push(0, 0, Qt::ScrollEnd);
+    settle();
+    // Nothing was deleted: that would have been a request.
+    server.assertSilence();
+    EXPECT_FALSE(track().isVisible());
+    push(0, 0, Qt::ScrollBegin);
+    push(0, -40, Qt::ScrollUpdate);
+    EXPECT_TRUE(track().isVisible());
+}
+
 TEST_F(ListGestures, PressSelectsOnlyWhenItIsReleased) {
     open({1, 2, 3});
     QTest::mousePress(rows().viewport(), Qt::LeftButton, {}, place(1));
@@ -136,22 +161,31 @@ TEST_F(ListGestures, PressSelectsOnlyWhenItIsReleased) {
 
 TEST_F(ListGestures, PullAtTheTopReadsThePageAgain) {
     open({1, 2, 3});
-    const auto pull = [this](int distance, Qt::ScrollPhase phase) {
-        QWheelEvent event(place(1), place(1), {0, distance}, {0, distance}, Qt::NoButton, Qt::NoModifier, phase, false);
-        QCoreApplication::sendEvent(rows().viewport(), &event);
-    };
+    auto *content = rows().viewport();
     for (const int distance : {89, 90}) {
         if (distance == 90)
             expectPage().json(pageJSON(emptyEmails({1})));
-        pull(0, Qt::ScrollBegin);
-        pull(distance, Qt::ScrollUpdate);
-        pull(0, Qt::ScrollEnd);
+        pull(content, 0, Qt::ScrollBegin);
+        pull(content, distance, Qt::ScrollUpdate);
+        pull(content, 0, Qt::ScrollEnd);
         settle();
     }
     EXPECT_EQ(rows().model()->rowCount(), 1);
-    pull(500, Qt::NoScrollPhase);
+    pull(content, 500, Qt::NoScrollPhase);
     settle();
     server.assertSilence();
+}
+
+TEST_F(ListGestures, PullTriesAgainWhereThereAreNoRows) {
+    open({});
+    auto *placeholder = view->findChild<EmptyStateView *>();
+    ASSERT_TRUE(placeholder->isVisible());
+    expectPage().json(pageJSON(emptyEmails({1})));
+    pull(placeholder, 0, Qt::ScrollBegin);
+    pull(placeholder, 90, Qt::ScrollUpdate);
+    pull(placeholder, 0, Qt::ScrollEnd);
+    settle();
+    EXPECT_EQ(rows().model()->rowCount(), 1);
 }
 
 TEST_F(ListGestures, DeleteKeyMovesTheSelectionToTheTrashAtOnce) {

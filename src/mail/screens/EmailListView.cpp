@@ -53,7 +53,9 @@ void EmailListView::setUpList() {
     m_list->setModel(&m_state->rows);
     connectList();
     new EmailRowSwipes(m_state, m_list);
-    connect(new PullToRefresh(m_list), &PullToRefresh::pulled, m_state.get(), &EmailListState::reload);
+    for (const auto *pull : {new PullToRefresh(m_list->viewport(), m_list->verticalScrollBar()),
+                             new PullToRefresh(m_placeholder, nullptr)})
+        connect(pull, &PullToRefresh::pulled, m_state.get(), &EmailListState::reload);
     keepPlace();
 }
 

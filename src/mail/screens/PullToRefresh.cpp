@@ -1,6 +1,5 @@
 #include "mail/screens/PullToRefresh.h"
 
-#include <QAbstractScrollArea>
 #include <QScrollBar>
 #include <QWheelEvent>
 
@@ -10,10 +9,10 @@ constexpr int neededDistance = 90; // pixels
 
 } // namespace
 
-PullToRefresh::PullToRefresh(QAbstractScrollArea *list)
-    : QObject(list)
-    , m_list(list) {
-    list->viewport()->installEventFilter(this);
+PullToRefresh::PullToRefresh(QWidget *content, const QScrollBar *bar)
+    : QObject(content)
+    , m_bar(bar) {
+    content->installEventFilter(this);
 }
 
 bool PullToRefresh::eventFilter(QObject *watched, QEvent *event) {
@@ -23,7 +22,7 @@ bool PullToRefresh::eventFilter(QObject *watched, QEvent *event) {
 }
 
 void PullToRefresh::follow(const QWheelEvent &event) {
-    const bool isAtTop = m_list->verticalScrollBar()->value() == 0;
+    const bool isAtTop = !m_bar || m_bar->value() == 0;
     if (event.phase() == Qt::ScrollBegin)
         m_distance = isAtTop ? std::optional(0) : std::nullopt;
     else if (event.phase() == Qt::ScrollUpdate && m_distance)

@@ -3,15 +3,17 @@
 #include <QObject>
 #include <optional>
 
-class QAbstractScrollArea;
+class QScrollBar;
 class QWheelEvent;
+class QWidget;
 
-/// Hears when a list that stands at its top is pulled down further by touch pad and let go. Only touch pads say when
+/// Hears when content that stands at its top is pulled down further by touch pad and let go. Only touch pads say when
 /// fingers come and go; a wheel never pulls.
 class PullToRefresh final : public QObject {
     Q_OBJECT
 public:
-    explicit PullToRefresh(QAbstractScrollArea *list);
+    /// `bar` scrolls what `content` shows; null where nothing scrolls.
+    PullToRefresh(QWidget *content, const QScrollBar *bar);
 
 Q_SIGNALS:
     void pulled();
@@ -22,7 +24,7 @@ protected:
 private:
     void follow(const QWheelEvent &event);
 
-    QAbstractScrollArea *m_list;
+    const QScrollBar *m_bar;
     /// In pixels; none unless the gesture began at the top.
     std::optional<int> m_distance;
 };
