@@ -16,3 +16,9 @@ void measureWeight(const Profile &signedIn);
 void measureList(AppDriver &driver, const RawServer &server);
 /// Opening messages one after the other.
 void measureMessages(AppDriver &driver);
+/// Messages of a thread, while the search for its others is quick and while it is slow.
+void measureThreads(AppDriver &driver, const QString &serverAddress);
+/// A big file from the click to the save panel.
+void measureAttachment(AppDriver &driver, const RawServer &server);
+/// Changes of one row and of a whole page. The mailbox is no longer the same after it.
+void measureActions(AppDriver &driver, const RawServer &server);

@@ -46,35 +46,47 @@ QString prose(int number) {
     return text;
 }
 
-QString message(int number, bool isLetter, const QDateTime &date) {
+QString message(int number, const QString &subject, const QDateTime &date) {
+    const bool isLetter = number % 2 == 0;
     return u"From: Vera Sommer <vera%1@sommer.example>\r\nTo: Dana Okafor <dana@corvanite.example>\r\n"
-           "Subject: Note %1 on the weather\r\nDate: %2\r\nMessage-ID: <bench-%1@corvanite.example>\r\n"
+           "Subject: %5\r\nDate: %2\r\nMessage-ID: <bench-%1@corvanite.example>\r\n"
            "MIME-Version: 1.0\r\nContent-Type: text/%3; charset=utf-8\r\n\r\n%4"_s.arg(number)
                .arg(date.toString(Qt::RFC2822Date), isLetter ? u"html"_s : u"plain"_s,
-                    isLetter ? letter(number) : prose(number));
+                    isLetter ? letter(number) : prose(number), subject);
 }
 
 } // namespace
 
 Mailbox::Mailbox() {
     fill(path(), inboxMessages);
-    fill(path() + u"/.Archive"_s, archiveMessages);
+    fill(folder(u"Archive"_s), archiveMessages);
+    fill(folder(fileFolder()), 1, fileSize);
+    fill(folder(threadFolder()), 0);
     for (int number = 0; number < newestMessages; ++number)
         writeNewest(number);
+    for (int number = 0; number < threadMessages; ++number)
+        writeThreadMessage(number);
 }
 
-void Mailbox::fill(const QString &folder, int messages) {
-    if (QProcess::execute(QString::fromUtf8(CORVANITE_DEVSERVER), {u"--fill"_s, QString::number(messages), folder}))
+void Mailbox::fill(const QString &folder, int messages, qint64 fileMegabytes) {
+    const QStringList arguments{u"--fill"_s, QString::number(messages), folder, u"--attachment"_s,
+                                QString::number(fileMegabytes)};
+    if (QProcess::execute(QString::fromUtf8(CORVANITE_DEVSERVER), arguments))
         throw std::runtime_error("the mailbox could not be filled");
 }
 
 void Mailbox::writeNewest(int number) {
-    const auto date = QDateTime::currentDateTime().addSecs(number);
     const bool isUnread = number % 4 < 2;
-    QFile file(u"%1/cur/%2.N%3.corvanite:2,%4"_s.arg(path())
-                   .arg(date.toSecsSinceEpoch())
-                   .arg(number)
-                   .arg(isUnread ? u""_s : u"S"_s));
-    if (!file.open(QIODevice::WriteOnly) || file.write(message(number, number % 2 == 0, date).toUtf8()) < 0)
+    write(path(), number, isUnread ? u""_s : u"S"_s, u"Note %1 on the weather"_s.arg(number));
+}
+
+void Mailbox::writeThreadMessage(int number) {
+    write(folder(threadFolder()), number, u"S"_s, u"Re: The harbour in winter"_s);
+}
+
+void Mailbox::write(const QString &folder, int number, const QString &flags, const QString &subject) {
+    const auto date = QDateTime::currentDateTime().addSecs(number);
+    QFile file(u"%1/cur/%2.N%3.corvanite:2,%4"_s.arg(folder).arg(date.toSecsSinceEpoch()).arg(number).arg(flags));
+    if (!file.open(QIODevice::WriteOnly) || file.write(message(number, subject, date).toUtf8()) < 0)
         throw std::runtime_error("a message could not be written");
 }

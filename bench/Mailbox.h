@@ -4,18 +4,26 @@
 #include <QTemporaryDir>
 
 /// A mailbox to measure with: an inbox of 10,000 messages, an archive of 2,000, and on top of the inbox newer messages
-/// of which every second one is a newsletter of 20 KB of HTML and the others are plain text.
+/// of which every second one is a newsletter of 20 KB of HTML and the others are plain text. A folder holds such
+/// messages as one thread, and another a message with a big file.
 class Mailbox {
 public:
     static constexpr int newestMessages = 40;
+    static constexpr int threadMessages = 41;
+    static constexpr qint64 fileSize = 25; // megabytes
 
     Mailbox();
 
     QString path() const { return m_folder.path(); }
+    static QString threadFolder() { return QStringLiteral("Thread"); }
+    static QString fileFolder() { return QStringLiteral("Files"); }
 
 private:
-    void fill(const QString &folder, int messages);
+    QString folder(const QString &name) const { return path() + QStringLiteral("/.") + name; }
+    void fill(const QString &folder, int messages, qint64 fileMegabytes = 0);
     void writeNewest(int number);
+    void writeThreadMessage(int number);
+    void write(const QString &folder, int number, const QString &flags, const QString &subject);
 
     QTemporaryDir m_folder;
 };

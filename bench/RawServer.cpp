@@ -29,12 +29,21 @@ RawServer::RawServer(const QString &address)
 }
 
 QByteArray RawServer::get(const QByteArray &path) const {
-    const auto cookie = m_sessionHeader.first(m_sessionHeader.indexOf(';'));
-    const auto answer = exchange(
-        "GET " + path +
-        " HTTP/1.1\r\nHost: localhost\r\nAccept-Encoding: gzip, deflate, br\r\nConnection: close\r\nCookie: " + cookie +
-        "\r\n\r\n");
+    const auto answer =
+        exchange("GET " + path + " HTTP/1.1\r\nAccept-Encoding: gzip, deflate, br\r\n" + commonHeaders() + "\r\n");
     return answer.mid(answer.indexOf("\r\n\r\n") + 4);
+}
+
+void RawServer::post(const QByteArray &path, const QByteArray &body) const {
+    const auto answer = exchange("POST " + path + " HTTP/1.1\r\nContent-Type: application/json\r\nContent-Length: " +
+                                 QByteArray::number(body.size()) + "\r\n" + commonHeaders() + "\r\n" + body);
+    if (!answer.startsWith("HTTP/1.1 200"))
+        throw std::runtime_error("the server refused a change");
+}
+
+QByteArray RawServer::commonHeaders() const {
+    const auto cookie = m_sessionHeader.first(m_sessionHeader.indexOf(';'));
+    return "Host: localhost\r\nConnection: close\r\nCookie: " + cookie + "\r\n";
 }
 
 QByteArray RawServer::exchange(const QByteArray &request) const {

@@ -14,8 +14,12 @@ public:
     QByteArray sessionHeader() const { return m_sessionHeader; }
     /// The body of the answer to a GET request.
     QByteArray get(const QByteArray &path) const;
+    /// Sends JSON; fails with `std::runtime_error` where the server refuses.
+    void post(const QByteArray &path, const QByteArray &body) const;
 
 private:
+    /// The header lines that every request of the session has.
+    QByteArray commonHeaders() const;
     QByteArray exchange(const QByteArray &request) const;
 
     QUrl m_address;

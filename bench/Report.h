@@ -11,6 +11,7 @@ public:
     double least() const;
     double greatest() const;
     std::size_t count() const { return m_values.size(); }
+    const std::vector<double> &values() const { return m_values; }
 
 private:
     std::vector<double> m_values;

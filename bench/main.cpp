@@ -10,6 +10,7 @@
 #include "driver/DevServerProcess.h"
 
 #include <QApplication>
+#include <algorithm>
 #include <iostream>
 
 using namespace Qt::StringLiterals;
@@ -17,6 +18,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int warmUpTime = 4000; // milliseconds
+const QStringList insideChapters{u"list"_s, u"message"_s, u"threads"_s, u"attachment"_s, u"actions"_s};
 
 bool isWanted(const QString &chapter) {
     const auto wanted = QCoreApplication::arguments().mid(1);
@@ -45,6 +47,12 @@ void measureFromInside(const RawServer &server, const QString &address) {
         measureList(driver, server);
     if (isWanted(u"message"_s))
         measureMessages(driver);
+    if (isWanted(u"threads"_s))
+        measureThreads(driver, address);
+    if (isWanted(u"attachment"_s))
+        measureAttachment(driver, server);
+    if (isWanted(u"actions"_s))
+        measureActions(driver, server);
 }
 
 void measure() {
@@ -53,7 +61,7 @@ void measure() {
     const RawServer server(process.address());
     Report::printHeading();
     measureFromOutside(server, process.address());
-    if (isWanted(u"list"_s) || isWanted(u"message"_s))
+    if (std::ranges::any_of(insideChapters, isWanted))
         measureFromInside(server, process.address());
 }
 
