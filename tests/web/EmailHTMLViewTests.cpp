@@ -1,3 +1,4 @@
+#include "mail/screens/LinkTargetLabel.h"
 #include "web/MailColumn.h"
 
 #include <QPlainTextEdit>
@@ -173,6 +174,28 @@ INSTANTIATE_TEST_SUITE_P(
                     LinkRow{"Mail", "href='mailto:a@example.test'", "mailto:a@example.test"},
                     LinkRow{"Download", "download href='http://example.test/x'", "http://example.test/x"}),
     [](const auto &row) { return std::string(row.param.name); });
+
+TEST_F(EmailHTMLViewTest, TargetOfTheLinkUnderTheMouseIsShownWithItsEscapes) {
+    LinkTargetLabel label(&column);
+    QObject::connect(column.body, &EmailHTMLView::linkHovered, &label, &LinkTargetLabel::setTarget);
+    column.show(u"<a style='display:block;height:100px' href='http://b\u00fccher.example/\u00e4?q=a b'>x</a>"_s +
+                block(300, u"#00ff00"_s));
+    ASSERT_TRUE(column.waitForColor({400, 300}, QColor(0, 255, 0)));
+    column.hover({200, 60});
+    EXPECT_TRUE(spinUntil([&] { return label.isVisible(); }));
+    EXPECT_EQ(label.text(), u"http://xn--bcher-kva.example/%C3%A4?q=a%20b"_s);
+    column.hover({200, 250});
+    EXPECT_TRUE(spinUntil([&] { return !label.isVisible(); }));
+}
+
+TEST_F(EmailHTMLViewTest, NothingIsLeftOfAMessageThatWasLetGo) {
+    column.show(u"<p>the words</p>"_s);
+    ASSERT_TRUE(column.pageText().contains(u"the words"_s));
+    column.body->clear();
+    EXPECT_TRUE(spinUntil([&] { return column.pageText().isEmpty(); })) << qPrintable(column.pageText());
+    column.show(u"<p>the words</p>"_s);
+    EXPECT_TRUE(column.pageText().contains(u"the words"_s));
+}
 
 TEST_F(EmailHTMLViewTest, DeadPageIsLoadedOnceMoreAndThenShownAsText) {
     column.show(u"<p>the words</p>"_s + block(400, u"#ff0000"_s));

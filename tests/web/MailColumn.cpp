@@ -7,9 +7,11 @@
 #include <QPixmap>
 #include <QScreen>
 #include <QVBoxLayout>
+#include <QWebEngineView>
 #include <QWheelEvent>
 #include <gtest/gtest.h>
 
+#include <optional>
 #include <signal.h>
 #include <unistd.h>
 
@@ -75,7 +77,7 @@ bool MailColumn::waitForColor(QPoint point, const QColor &color) const {
 
 QWidget *MailColumn::inputWidget() const {
     QWidget *deepest = body;
-    const auto place = viewport()->mapToGlobal(QPoint(400, 300));
+    const auto place = viewport()->mapToGlobal(viewport()->rect().center());
     while (auto *child = deepest->childAt(deepest->mapFromGlobal(place)))
         deepest = child;
     return deepest;
@@ -94,15 +96,32 @@ void MailColumn::press(int key, Qt::KeyboardModifiers modifiers) {
     QCoreApplication::sendEvent(inputWidget(), &event);
 }
 
-void MailColumn::click(QPoint pointInBody) {
+void MailColumn::sendMouse(QEvent::Type type, QPoint pointInBody, Qt::MouseButton button, Qt::MouseButtons held) {
     auto *widget = inputWidget();
     const auto global = body->mapToGlobal(pointInBody);
-    const auto local = widget->mapFromGlobal(global);
-    for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
-        const auto held = type == QEvent::MouseButtonPress ? Qt::LeftButton : Qt::NoButton;
-        QMouseEvent event(type, local, global, Qt::LeftButton, held, Qt::NoModifier);
-        QCoreApplication::sendEvent(widget, &event);
-    }
+    QMouseEvent event(type, widget->mapFromGlobal(global), global, button, held, Qt::NoModifier);
+    QCoreApplication::sendEvent(widget, &event);
+}
+
+void MailColumn::click(QPoint pointInBody) {
+    sendMouse(QEvent::MouseButtonPress, pointInBody, Qt::LeftButton, Qt::LeftButton);
+    sendMouse(QEvent::MouseButtonRelease, pointInBody, Qt::LeftButton, Qt::NoButton);
+}
+
+void MailColumn::hover(QPoint pointInBody) {
+    sendMouse(QEvent::MouseMove, pointInBody, Qt::NoButton, Qt::NoButton);
+}
+
+void MailColumn::setBodyWidth(int width) {
+    resize(size().width() + width - body->width(), size().height());
+    ASSERT_TRUE(spinUntil([&] { return body->width() == width; }));
+}
+
+QString MailColumn::pageText() const {
+    std::optional<QString> text;
+    body->findChild<QWebEngineView *>()->page()->toPlainText([&](const QString &words) { text = words; });
+    EXPECT_TRUE(spinUntil([&] { return text.has_value(); }));
+    return text.value_or(QString());
 }
 
 namespace {

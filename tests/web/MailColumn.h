@@ -2,6 +2,7 @@
 
 #include "mail/screens/EmailHTMLView.h"
 
+#include <QEvent>
 #include <QLabel>
 #include <QScrollArea>
 
@@ -25,6 +26,11 @@ public:
     void turnWheel(int degrees, Qt::KeyboardModifiers modifiers = {});
     void press(int key, Qt::KeyboardModifiers modifiers = {});
     void click(QPoint pointInBody);
+    void hover(QPoint pointInBody);
+    /// Makes the window so wide that the body gets this width.
+    void setBodyWidth(int width);
+    /// All words of the page that the web engine holds.
+    QString pageText() const;
 
     static ThemeDefinition theme(bool isDark);
 
@@ -33,6 +39,9 @@ public:
     QLabel *footer;
     QList<QUrl> links;
     int paints = 0;
+
+private:
+    void sendMouse(QEvent::Type type, QPoint pointInBody, Qt::MouseButton button, Qt::MouseButtons held);
 };
 
 /// Ends the web engine's process that holds the page, as a crash does.
