@@ -1,18 +1,16 @@
 #include "mail/screens/EmailRowDelegate.h"
 
 #include "mail/EmailListModel.h"
-#include "mail/FaviconStore.h"
+#include "mail/screens/FaviconAvatarView.h"
 #include "mail/screens/RowColors.h"
 #include "ui/SystemColors.h"
 #include "ui/screens/AppStyle.h"
-#include "ui/screens/AvatarView.h"
 #include "ui/screens/Fonts.h"
 #include "ui/screens/StyleItems.h"
 #include "ui/screens/StyleShapes.h"
 #include "ui/screens/Symbols.h"
 
 #include <QPainter>
-#include <QPainterPath>
 #include <QTextLayout>
 
 namespace {
@@ -21,8 +19,6 @@ constexpr int leastRowHeight = 92;
 constexpr int margin = 12;
 constexpr int dotSize = 9;
 constexpr int avatarSize = 32;
-/// Part of a picture's size.
-constexpr qreal pictureRadius = 0.22;
 constexpr int starSize = 16;
 constexpr int markSize = 13;
 constexpr int previewLines = 2;
@@ -78,21 +74,6 @@ void drawPreview(QPainter *painter, const QRect &place, const QFont &font, const
                           isLast ? metrics.elidedText(rest, Qt::ElideRight, place.width()) : rest);
     }
     layout.endLayout();
-}
-
-/// The domain's picture, or the initials where it has none.
-void paintPicture(QPainter *painter, const QRectF &place, const EmailRow &row) {
-    const auto icon = FaviconStore::shared().icon(row.domain);
-    if (icon.isNull())
-        return paintAvatar(painter, place, row.name);
-    const SmoothPainter smooth(painter);
-    painter->setRenderHint(QPainter::SmoothPixmapTransform);
-    QPainterPath outline;
-    outline.addRoundedRect(place, pictureRadius * place.width(), pictureRadius * place.width());
-    painter->setClipPath(outline, Qt::IntersectClip);
-    QRectF target({}, QSizeF(icon.size()).scaled(place.size(), Qt::KeepAspectRatio));
-    target.moveCenter(place.center());
-    painter->drawImage(target, icon);
 }
 
 void paintFrame(QPainter *painter, const QStyleOptionViewItem &option, const RowColors &colors) {
@@ -189,6 +170,6 @@ int EmailRowDelegate::paintLeading(QPainter *painter, const QRect &frame, const 
         painter->drawEllipse(QRectF(x, middle - dotSize / 2.0, dotSize, dotSize));
     }
     x += dotSize + 7;
-    paintPicture(painter, QRectF(x, middle - avatarSize / 2, avatarSize, avatarSize), row);
+    paintFaviconAvatar(painter, QRectF(x, middle - avatarSize / 2, avatarSize, avatarSize), row.domain, row.name);
     return x + avatarSize + 10;
 }
