@@ -30,6 +30,13 @@ void addEntries(QMenu *menu, const MenuSection &section) {
         entry.perform ? addAction(menu, entry) : addSubmenu(menu, entry);
 }
 
+/// Below the control; the right edges are in line where the window has no room for the menu otherwise.
+QPoint placeBelow(const QWidget *control, int menuWidth) {
+    const auto *window = control->window();
+    const bool fits = control->mapTo(window, QPoint(menuWidth, 0)).x() <= window->width();
+    return control->mapToGlobal(QPoint(fits ? 0 : control->width() - menuWidth, control->height() + 2));
+}
+
 } // namespace
 
 QMenu *makeEntryMenu(const std::vector<MenuSection> &sections, QWidget *parent) {
@@ -44,5 +51,6 @@ QMenu *makeEntryMenu(const std::vector<MenuSection> &sections, QWidget *parent) 
 }
 
 void showEntryMenu(const std::vector<MenuSection> &sections, QWidget *control) {
-    makeEntryMenu(sections, control)->popup(control->mapToGlobal(QPoint(0, control->height() + 2)));
+    auto *menu = makeEntryMenu(sections, control);
+    menu->popup(placeBelow(control, menu->sizeHint().width()));
 }
