@@ -37,10 +37,11 @@ QTextLayout::FormatRange selectionIn(qsizetype from, qsizetype to, qsizetype sta
 PlainTextView::PlainTextView(QWidget *parent)
     : QWidget(parent)
     , m_column(new ScrollingColumn(this)) {
+    // Before anything asks how to read this widget: naming it does.
+    PlainTextAccessible::install();
     setFocusPolicy(Qt::StrongFocus);
     setCursor(Qt::IBeamCursor);
     setAccessibleName(tr("Message text"));
-    PlainTextAccessible::install();
     applyFont();
 }
 
