@@ -1,20 +1,8 @@
-#include "mail/screens/EmailDetailView.h"
-
-#include "app/AppStateFixture.h"
-#include "mail/MailAnswers.h"
 #include "mail/screens/FlowingAddresses.h"
-#include "mail/screens/PlainTextView.h"
-#include "screens/ScreenTest.h"
-#include "screens/Widgets.h"
+#include "screens/MessageScreenFixture.h"
 #include "ui/screens/Spinner.h"
 
 #include <QApplication>
-#include <QClipboard>
-#include <QGuiApplication>
-#include <QMenu>
-#include <QPushButton>
-#include <QScrollArea>
-#include <QScrollBar>
 #include <QTest>
 #include <algorithm>
 
@@ -23,55 +11,18 @@ using namespace std::chrono_literals;
 
 namespace {
 
-class MessageScreen : public ScreenTest, protected AppStateFixture {
-protected:
-    void SetUp() override {
-        server.expect("GET", "/api/emails/notification-state?folder=INBOX").answer(500).anyNumberOfTimes();
-        server
-            .expect("GET",
-                    "/faviconV2?client=SOCIAL&type=FAVICON&fallback_opts=TYPE,SIZE,URL&url=https://x.org&size=64")
-            .answer(404)
-            .anyNumberOfTimes();
-        screen = EmailDetailState::make(state);
-        view = std::make_unique<EmailDetailView>(state, screen, actions);
-        view->resize(700, 500);
-        showActive(*view);
-    }
-    void TearDown() override {
-        settle();
-        view.reset();
-        screen.reset();
-        state.reset();
-        ScreenTest::TearDown();
-    }
+QString toastText(const EmailDetailState &screen) {
+    return screen.copiedToast->value_or(ToastMessage()).message;
+}
 
-    FakeExchange &expectRead(int uid) {
-        return server.expect("GET", "/api/emails/read/" + QByteArray::number(uid) + "?folder=INBOX");
-    }
-    void show(qint64 uid) { screen->show(EmailWindowRef{uid, u"INBOX"_s}); }
-    void open(const QByteArray &fields, int uid = 7) {
-        expectRead(uid).json("{\"uid\": " + QByteArray::number(uid) + fields + "}");
-        show(uid);
-        settle();
-    }
-    QPushButton *button(const QString &name) const { return visibleNamed<QPushButton>(*view, name); }
-    PlainTextView &text() const { return *view->findChild<PlainTextView *>(); }
-    static QString clipboard() { return QGuiApplication::clipboard()->text(); }
-    QString toast() const { return screen->copiedToast->value_or(ToastMessage()).message; }
-    QStringList addressButtons() const {
-        QStringList labels;
-        for (auto *addresses : view->findChildren<FlowingAddresses *>())
-            for (auto *address : addresses->findChildren<QPushButton *>())
-                if (address->isVisible())
-                    labels.append(address->text());
-        return labels;
-    }
-
-    ManualClock clock;
-    FocusedActions actions;
-    std::shared_ptr<EmailDetailState> screen;
-    std::unique_ptr<EmailDetailView> view;
-};
+QStringList addressButtons(const QWidget &view) {
+    QStringList labels;
+    for (auto *addresses : view.findChildren<FlowingAddresses *>())
+        for (auto *address : addresses->findChildren<QPushButton *>())
+            if (address->isVisible())
+                labels.append(address->text());
+    return labels;
+}
 
 } // namespace
 
@@ -158,14 +109,14 @@ TEST_F(MessageScreen, ShowsWhoWroteToWhom) {
     EXPECT_TRUE(button(u"a&b@x.org"_s));
     EXPECT_TRUE(showsText(*view, u"To:"_s));
     EXPECT_FALSE(showsText(*view, u"Cc:"_s));
-    EXPECT_EQ(addressButtons(), (QStringList{u"Bo && Co,"_s, u"c@x.org"_s}));
+    EXPECT_EQ(addressButtons(*view), (QStringList{u"Bo && Co,"_s, u"c@x.org"_s}));
     open(R"(, "cc": [{"email": "d@x.org"}])", 8);
     EXPECT_TRUE(showsText(*view, u"(No Subject)"_s));
     EXPECT_TRUE(showsText(*view, u"Unknown"_s));
     EXPECT_FALSE(button(u"a&b@x.org"_s));
     EXPECT_FALSE(showsText(*view, u"To:"_s));
     EXPECT_TRUE(showsText(*view, u"Cc:"_s));
-    EXPECT_EQ(addressButtons(), QStringList{u"d@x.org"_s});
+    EXPECT_EQ(addressButtons(*view), QStringList{u"d@x.org"_s});
 }
 
 TEST_F(MessageScreen, CopiesAddressesAndTheSubject) {
@@ -176,13 +127,13 @@ TEST_F(MessageScreen, CopiesAddressesAndTheSubject) {
     EXPECT_EQ(sender->toolTip(), u"Click to copy"_s);
     QTest::keyClick(sender, Qt::Key_Space);
     EXPECT_EQ(clipboard(), u"a@x.org"_s);
-    EXPECT_EQ(toast(), u"a@x.org copied to clipboard"_s);
+    EXPECT_EQ(toastText(*screen), u"a@x.org copied to clipboard"_s);
     auto *recipient = button(u"Click to copy b@x.org"_s);
     ASSERT_TRUE(recipient);
     EXPECT_EQ(recipient->toolTip(), u"Click to copy b@x.org"_s);
     recipient->click();
     EXPECT_EQ(clipboard(), u"b@x.org"_s);
-    EXPECT_EQ(toast(), u"b@x.org copied to clipboard"_s);
+    EXPECT_EQ(toastText(*screen), u"b@x.org copied to clipboard"_s);
     screen->copySubject();
     EXPECT_EQ(clipboard(), u"Plan"_s);
     settle();
