@@ -32,6 +32,8 @@ void EmailDetailState::show(const std::optional<EmailWindowRef> &wanted) {
     reference = wanted;
     pushed = nullptr;
     showThreadExpanded = false;
+    showBlockConfirmation = false;
+    showSourceSheet = false;
     viewModel->showImages = false;
     if (wanted)
         retry();
@@ -120,7 +122,8 @@ void EmailDetailState::copySubject() {
 }
 
 void EmailDetailState::copyAddress(const QString &address) {
-    copy(address, address + u" copied to clipboard"_s);
+    if (!address.isEmpty())
+        copy(address, address + u" copied to clipboard"_s);
 }
 
 void EmailDetailState::copySource(const QString &source) {

@@ -102,12 +102,17 @@ bool EmailDetailViewModel::shows(qint64 uid, const QString &folder) const {
 
 QCoro::Task<> EmailDetailViewModel::loadSource(qint64 uid, QString folder) {
     const auto self = shared_from_this();
+    const auto load = ++m_sourceLoad;
     isLoadingSource = true;
+    QString text;
     try {
         const auto source = co_await m_emailService.getSource(uid, folder);
-        rawSource = source;
+        text = source;
     } catch (const std::exception &) {
-        rawSource = u"Failed to load source: "_s + errorText(std::current_exception());
+        text = u"Failed to load source: "_s + errorText(std::current_exception());
     }
+    if (load != m_sourceLoad)
+        co_return;
+    rawSource = text;
     isLoadingSource = false;
 }

@@ -41,4 +41,6 @@ private:
     bool shows(qint64 uid, const QString &folder) const;
 
     EmailService m_emailService;
+    /// The number of the newest load of a source.
+    int m_sourceLoad = 0;
 };

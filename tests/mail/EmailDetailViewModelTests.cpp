@@ -192,6 +192,18 @@ TEST_F(EmailDetailTest, OutlivesItsScreen) {
     EXPECT_TRUE(weak.expired());
 }
 
+TEST_F(EmailDetailTest, ShowsTheSourceThatWasAskedForLast) {
+    auto &slow = expectSource().held();
+    launch(model->loadSource(7, u"INBOX"_s));
+    slow.request();
+    server.expect("GET", "/api/emails/source/8?folder=INBOX").json(R"({"source": "From: b"})");
+    await(model->loadSource(8, u"INBOX"_s));
+    answerHeld(slow, R"({"source": "From: a"})");
+    EXPECT_TRUE(spinUntil([] { return launchedTaskCount() == 0; }));
+    EXPECT_EQ(model->rawSource.get(), u"From: b"_s);
+    EXPECT_FALSE(model->isLoadingSource);
+}
+
 TEST_F(EmailDetailTest, ShowsTheSourceOrWhyNot) {
     auto &source = expectSource().held();
     launch(model->loadSource(7, u"INBOX"_s));

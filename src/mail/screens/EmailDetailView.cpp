@@ -1,5 +1,6 @@
 #include "mail/screens/EmailDetailView.h"
 
+#include "mail/screens/DownloadLine.h"
 #include "mail/screens/EmailMessageView.h"
 #include "mail/screens/EmailToolbar.h"
 #include "mail/screens/SourceSheet.h"
@@ -37,6 +38,7 @@ EmailDetailView::EmailDetailView(std::shared_ptr<AppState> appState, std::shared
     , m_actionToasts(new ToastPresenter(this))
     , m_copyToasts(new ToastPresenter(this)) {
     m_layers->addWidget(makeScreen());
+    new DownloadLine(m_message->downloads(), this);
     connectState();
     addBackShortcuts();
     observe(m_state.get(), this, &EmailDetailView::render);
@@ -156,6 +158,10 @@ void EmailDetailView::renderSheets() {
         confirmBlock();
     if (m_state->showSourceSheet && !m_source)
         showSource();
+    if (!m_state->showBlockConfirmation && m_confirmation)
+        m_confirmation->close();
+    if (!m_state->showSourceSheet && m_source)
+        m_source->close();
     if (m_source)
         m_source->showMessage(m_state->viewModel->isLoadingSource, m_state->viewModel->rawSource);
 }

@@ -1,7 +1,6 @@
 #include "mail/screens/EmailMessageView.h"
 
 #include "mail/screens/AttachmentSection.h"
-#include "mail/screens/DownloadLine.h"
 #include "mail/screens/EmailActionBar.h"
 #include "mail/screens/EmailBodyView.h"
 #include "mail/screens/EmailHeaderView.h"
@@ -33,9 +32,12 @@ EmailMessageView::EmailMessageView(std::shared_ptr<AppState> appState, std::shar
     // The background behind the whole view shows through.
     viewport()->setAutoFillBackground(false);
     widget()->setAutoFillBackground(false);
-    new DownloadLine(m_attachments->downloads(), this);
     connect(m_body, &EmailBodyView::painted, this, &EmailMessageView::bodyPainted);
     connect(m_body, &EmailBodyView::linkHovered, m_linkTarget, &LinkTargetLabel::setTarget);
+}
+
+std::shared_ptr<AttachmentDownloads> EmailMessageView::downloads() const {
+    return m_attachments->downloads();
 }
 
 QWidget *EmailMessageView::makeColumn() {

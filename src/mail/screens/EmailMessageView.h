@@ -4,6 +4,7 @@
 
 #include <QScrollArea>
 
+class AttachmentDownloads;
 class AttachmentSection;
 class EmailBodyView;
 class LinkTargetLabel;
@@ -22,6 +23,8 @@ public:
     void focusBody();
     /// Scrolls by as much as can be seen.
     void page(bool down);
+    /// What is being downloaded from the message.
+    std::shared_ptr<AttachmentDownloads> downloads() const;
 
 Q_SIGNALS:
     /// The HTML of the message on show is on the screen.
