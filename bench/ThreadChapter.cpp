@@ -7,6 +7,8 @@
 #include "driver/AppDriver.h"
 #include "platform/UserDefaults.h"
 
+#include <stdexcept>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -33,7 +35,8 @@ void setServer(const QString &address) {
 void measureThreads(AppDriver &driver, const QString &serverAddress) {
     SlowSearchProxy proxy(serverAddress);
     setServer(proxy.address());
-    driver.selectFolder(Mailbox::threadFolder());
+    if (!driver.selectFolder(Mailbox::threadFolder()))
+        throw std::runtime_error("the folder with the thread does not show");
     MessageReader reader(driver);
     BodyTimes plain, html;
     Series block;
