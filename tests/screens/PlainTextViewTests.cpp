@@ -4,6 +4,7 @@
 #include "screens/Widgets.h"
 #include "ui/Themes.h"
 
+#include <QAccessible>
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QScrollArea>
@@ -193,4 +194,29 @@ TEST_F(PlainText, ScrollsWithTheKeyboard) {
     EXPECT_EQ(bar->value(), bar->maximum());
     QTest::keyClick(view, Qt::Key_Home);
     EXPECT_EQ(bar->value(), 0);
+}
+
+TEST_F(PlainText, IsReadPieceByPieceByAssistiveTechnology) {
+    view->setText(u"one\r\n\r\n"_s + u"two three\n"_s.repeated(300));
+    measure();
+    auto *accessible = QAccessible::queryAccessibleInterface(view);
+    EXPECT_EQ(accessible->text(QAccessible::Name), u"Message text"_s);
+    EXPECT_EQ(accessible->text(QAccessible::Value), view->text());
+    EXPECT_TRUE(accessible->state().readOnly);
+    EXPECT_TRUE(accessible->state().focusable);
+    auto *words = accessible->textInterface();
+    ASSERT_TRUE(words);
+    EXPECT_EQ(words->characterCount(), 5 + 300 * 10);
+    EXPECT_EQ(words->text(5, 8), u"two"_s);
+    int start = 0, end = 0;
+    EXPECT_EQ(words->textAtOffset(10, QAccessible::WordBoundary, &start, &end), u"three"_s);
+    EXPECT_EQ(words->offsetAtPoint(words->characterRect(10).center() - QPoint(1, 0)), 10);
+    words->setSelection(0, 5, 8);
+    EXPECT_EQ(view->selectedText(), u"two"_s);
+    words->selection(0, &start, &end);
+    EXPECT_EQ(std::pair(start, end), std::pair(5, 8));
+    words->removeSelection(0);
+    EXPECT_EQ(words->selectionCount(), 0);
+    words->scrollToSubstring(words->characterCount() - 6, words->characterCount() - 1);
+    EXPECT_TRUE(view->visibleRegion().contains(view->characterRect(words->characterCount() - 6)));
 }
