@@ -64,6 +64,17 @@ APIResponse read(Mailbox &mailbox, const APIRequest &request) {
     return APIResponse::json(detailRecord(mailbox.summary(folder, uid), bytes, folder));
 }
 
+/// Mail has CR LF at the ends of its lines, whatever the Maildir's files have.
+std::string withWireLineEnds(const std::string &bytes) {
+    std::string lines;
+    for (const char c : bytes) {
+        if (c == '\n' && (lines.empty() || lines.back() != '\r'))
+            lines += '\r';
+        lines += c;
+    }
+    return lines;
+}
+
 } // namespace
 
 void addReadRoutes(Router &router, ServerContext &context) {
@@ -71,6 +82,6 @@ void addReadRoutes(Router &router, ServerContext &context) {
                [&](const APIRequest &request) { return read(context.mailbox(request), request); });
     router.add("GET", "api/emails/source/:uid", [&](const APIRequest &request) {
         const auto bytes = context.mailbox(request).bytes(request.queryText("folder"), request.pathInteger(0));
-        return APIResponse::json({{"source", decodeText(bytes, "")}});
+        return APIResponse::json({{"source", decodeText(withWireLineEnds(bytes), "")}});
     });
 }

@@ -18,11 +18,11 @@ TEST_F(ReadTest, OpeningAMessageMarksItSeenOnDiskAndOnlyThat) {
 }
 
 TEST_F(ReadTest, TheSourceIsTheWholeMessageAndMarksNothing) {
-    deliver("1.a", "Subject: caf\xE9\n\nText \xE2\x82\xAC\n");
+    deliver("1.a", "Subject: caf\xE9\n\r\nText \xE2\x82\xAC\n");
     start();
     signIn();
     EXPECT_EQ(get("api/emails/source/1?folder=INBOX")->body,
-              "{\"source\":\"Subject: caf\u00e9\\n\\nText \u00e2\u201a\u00ac\\n\"}");
+              "{\"source\":\"Subject: caf\u00e9\\r\\n\\r\\nText \u00e2\u201a\u00ac\\r\\n\"}");
     EXPECT_EQ(files(), std::vector<std::string>{"new/1.a"});
 }
 

@@ -43,7 +43,7 @@ QAccessible::State PlainTextAccessible::state() const {
 }
 
 void PlainTextAccessible::selection(int, int *start, int *end) const {
-    const auto [from, to] = std::minmax(view()->selectionAnchor(), view()->selectionCursor());
+    const auto [from, to] = std::minmax({view()->selectionAnchor(), view()->selectionCursor()});
     *start = int(from);
     *end = int(to);
 }

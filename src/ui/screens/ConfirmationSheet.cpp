@@ -17,6 +17,7 @@ ConfirmationSheet::ConfirmationSheet(const QString &title, const QString &messag
         auto *words = new ThemeLabel(message, TextStyle::body, TextRole::secondary);
         words->setWordWrap(true);
         words->setFixedWidth(textWidth);
+        words->setMinimumHeight(words->heightForWidth(textWidth));
         column()->addWidget(words);
     }
     connect(addButton(tr("Cancel")), &QPushButton::clicked, this, &QDialog::reject);
