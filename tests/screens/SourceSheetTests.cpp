@@ -30,10 +30,10 @@ protected:
     /// Whether anything in this part is drawn in the colour of names.
     static bool hasName(PlainTextView &view) {
         const auto image = view.grab().toImage();
-        const auto wanted = accentTextColor(AppStyle::theme());
+        const auto wanted = accentTextColor(AppStyle::theme()).rgb();
         for (int y = 0; y < image.height(); ++y)
             for (int x = 0; x < image.width(); ++x)
-                if (image.pixelColor(x, y) == wanted)
+                if (image.pixel(x, y) == wanted)
                     return true;
         return false;
     }
