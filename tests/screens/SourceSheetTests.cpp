@@ -27,15 +27,19 @@ protected:
     }
 
     PlainTextView *part(const QString &name) const { return visibleNamed<PlainTextView>(*sheet, name); }
-    /// Whether anything in this part is drawn in the colour of names.
+    /// Whether anything in this part is drawn in the colour of names, or nearly: thin strokes are mixed with the
+    /// ground.
     static bool hasName(PlainTextView &view) {
         const auto image = view.grab().toImage();
-        const auto wanted = accentTextColor(AppStyle::theme()).rgb();
+        const auto wanted = accentTextColor(AppStyle::theme());
         for (int y = 0; y < image.height(); ++y)
             for (int x = 0; x < image.width(); ++x)
-                if (image.pixel(x, y) == wanted)
+                if (difference(image.pixelColor(x, y), wanted) < 60)
                     return true;
         return false;
+    }
+    static int difference(const QColor &a, const QColor &b) {
+        return std::abs(a.red() - b.red()) + std::abs(a.green() - b.green()) + std::abs(a.blue() - b.blue());
     }
 
     ManualClock clock;
