@@ -21,7 +21,7 @@ constexpr QSize preferredSize(760, 620);
 
 /// The names of header lines stand out.
 QList<QTextLayout::FormatRange> headerName(const QString &line) {
-    QTextLayout::FormatRange name;
+    QTextLayout::FormatRange name{};
     name.length = int(headerNameLength(line));
     name.format.setForeground(accentTextColor(AppStyle::theme()));
     return {name};
