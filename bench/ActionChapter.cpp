@@ -126,11 +126,13 @@ private:
         return series.median();
     }
 
+    /// A change is made once the server has made it and told the folder's new state.
     double postTime(const QByteArray &path, const QJsonObject &body) {
         const auto text = QJsonDocument(body).toJson();
         QElapsedTimer timer;
         timer.start();
         m_server.post(path, text);
+        m_server.get("/api/emails/notification-state?folder=INBOX");
         const auto milliseconds = double(timer.nsecsElapsed()) / 1e6;
         // The program reads the list again after each change, which is not to disturb the next.
         MainThread::run(restTime);
