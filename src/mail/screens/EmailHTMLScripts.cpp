@@ -41,8 +41,13 @@ const QString overflowScript = uR"((() => {
 
 // Wide content is scaled down by the view, which gives the page more room and so makes it measure again.
 const QString widthScript = uR"((() => {
-    const report = () => window.webkit.messageHandlers.width.postMessage(
-        [document.documentElement.scrollWidth, window.innerWidth]);
+    let lastContent = 0, lastVisible = 0;
+    const report = () => {
+        const content = document.documentElement.scrollWidth, visible = window.innerWidth;
+        if (content === lastContent && visible === lastVisible) return;
+        [lastContent, lastVisible] = [content, visible];
+        window.webkit.messageHandlers.width.postMessage([content, visible]);
+    };
     new ResizeObserver(report).observe(document.body);
     document.addEventListener('load', report, true);
     window.addEventListener('load', report);
