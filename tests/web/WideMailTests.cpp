@@ -70,3 +70,34 @@ TEST_F(WideMailTest, MuchTooWideTableScrollsSideways) {
         column.press(Qt::Key_Right);
     EXPECT_TRUE(shows(green, bodyWidth - 15, 100)) << "right end again";
 }
+
+struct FitRow {
+    const char *name;
+    const char *html;
+    double scale;
+};
+
+class WideMail : public WideMailTest, public testing::WithParamInterface<FitRow> {};
+
+#define BLOCK(WIDTH) "<div style='width:" WIDTH ";height:400px;background:#ff0000'></div>"
+
+// The height tells the scale.
+TEST_P(WideMail, IsScaledByWhatHelps) {
+    column.show(QString::fromLatin1(GetParam().html));
+    const int height = int(std::ceil((400 + 2 * margin) * GetParam().scale));
+    EXPECT_TRUE(spinUntil([&] { return std::abs(column.body->height() - height) <= 2; })) << column.body->height();
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    , WideMail,
+    testing::Values(FitRow{"Narrow", BLOCK("300px"), 1},
+                    FitRow{"Wide", BLOCK("700px"), double(bodyWidth) / (700 + margin)},
+                    FitRow{"FarTooWide", BLOCK("3000px"), 0.5},
+                    FitRow{"SticksOutAtAnyWidth", BLOCK("calc(100% + 60px)"), 1},
+                    FitRow{"GrowsWithTheView", BLOCK("130%"), 1},
+                    FitRow{"WideAndSticksOut", "<div style='min-width:700px'>" BLOCK("calc(100% + 30px)") "</div>",
+                           double(bodyWidth) / (730 + margin)},
+                    FitRow{"EmptyMarginSticksOut", BLOCK("550px"), 1},
+                    FitRow{"ForbidsScaling", "<style>html { zoom: 1 !important }</style>" BLOCK("700px"),
+                           double(bodyWidth) / (700 + margin)}),
+    [](const auto &row) { return std::string(row.param.name); });

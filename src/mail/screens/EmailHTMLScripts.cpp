@@ -27,7 +27,7 @@ const QString overflowScript = uR"((() => {
     const heightOf = element => Math.ceil(element.getBoundingClientRect().height);
     const report = () => {
         const root = document.documentElement;
-        const scrolled = root.scrollHeight > window.innerHeight ? root.scrollHeight : 0;
+        const scrolled = root.scrollHeight > window.innerHeight ? root.scrollHeight / window.fitScale : 0;
         const overflow = Math.max(0, Math.max(scrolled, heightOf(root)) - heightOf(document.body));
         if (Math.abs(overflow - lastOverflow) <= 1) return;
         lastOverflow = overflow;
@@ -39,27 +39,57 @@ const QString overflowScript = uR"((() => {
     report();
 })();)"_s;
 
-// Wide content is scaled down by the view, which gives the page more room and so makes it measure again.
-const QString widthScript = uR"((() => {
-    let lastContent = 0, lastVisible = 0;
-    const report = () => {
-        const content = document.documentElement.scrollWidth, visible = window.innerWidth;
-        if (content === lastContent && visible === lastVisible) return;
-        [lastContent, lastVisible] = [content, visible];
-        window.webkit.messageHandlers.width.postMessage([content, visible]);
+// A page that is wider than its view is scaled down until its whole width can be seen, before anything of it is. One
+// that grows with its room, so that scaling does not help, keeps its size. Less than the bearable part of the width
+// may stick out: that is mostly an empty margin.
+const QString fitScript = uR"((() => {
+    const smallestScale = 0.5, bearable = 0.03;
+    const root = document.documentElement;
+    let neededWidth = 0, lastVisible = 0, lastContent = 0, lastScale = 1, isEnlarged = false;
+    window.fitScale = 1;
+    const overflowFor = width => {
+        window.fitScale = width ? Math.min(1, Math.max(smallestScale, window.innerWidth / width)) : 1;
+        root.style.setProperty('zoom', window.fitScale, 'important');
+        return root.scrollWidth - window.innerWidth;
     };
-    new ResizeObserver(report).observe(document.body);
-    document.addEventListener('load', report, true);
-    window.addEventListener('load', report);
-    window.addEventListener('resize', report);
-    report();
+    const fit = () => {
+        let overflow = overflowFor(neededWidth);
+        while (overflow > bearable * window.innerWidth && window.fitScale > smallestScale) {
+            const wider = root.scrollWidth / window.fitScale;
+            const rest = overflowFor(wider);
+            if (rest > overflow / 2) {
+                overflowFor(neededWidth);
+                break;
+            }
+            [neededWidth, overflow] = [wider, rest];
+        }
+    };
+    const update = () => {
+        const isKnown = window.innerWidth === lastVisible && root.scrollWidth === lastContent;
+        if (isEnlarged || isKnown || !window.innerWidth) return;
+        fit();
+        [lastVisible, lastContent] = [window.innerWidth, root.scrollWidth];
+        if (window.fitScale === lastScale) return;
+        lastScale = window.fitScale;
+        window.webkit.messageHandlers.fit.postMessage(lastScale);
+    };
+    // Whoever enlarges the message wants it wider than the view.
+    window.setEnlarged = enlarged => {
+        isEnlarged = enlarged;
+        update();
+    };
+    new ResizeObserver(update).observe(document.body);
+    document.addEventListener('load', update, true);
+    window.addEventListener('load', update);
+    window.addEventListener('resize', update);
+    update();
 })();)"_s;
 
 } // namespace
 
 WebViewConfiguration emailWebViewConfiguration() {
     return {.allowsContentJavaScript = false,
-            .userScripts = {emailHeightScript, overflowScript, scrollScript, widthScript},
+            .userScripts = {fitScript, emailHeightScript, overflowScript, scrollScript},
             .messageHandlers = {EmailHTMLHandler::height, EmailHTMLHandler::overflow, EmailHTMLHandler::scrolled,
-                                EmailHTMLHandler::width}};
+                                EmailHTMLHandler::fit}};
 }

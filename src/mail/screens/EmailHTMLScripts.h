@@ -9,8 +9,8 @@ struct EmailHTMLHandler {
     static inline const QString overflow = QStringLiteral("overflow");
     /// Where something other than the column has scrolled the page to, in CSS pixels.
     static inline const QString scrolled = QStringLiteral("scrolled");
-    /// The width of the content and of what can be seen of it, in CSS pixels.
-    static inline const QString width = QStringLiteral("width");
+    /// By how much the page has scaled itself down to its width, from 0.5 to 1.
+    static inline const QString fit = QStringLiteral("fit");
 };
 
 /// The web view of a message: no scripts but the program's own.

@@ -26,7 +26,7 @@ EmailHTMLView::EmailHTMLView(QWidget *parent)
     connect(&m_coordinator, &EmailHTMLCoordinator::pageKept, this, &EmailHTMLView::webViewDidPaint);
     connect(&m_coordinator, &EmailHTMLCoordinator::contentHeightChanged, this, &EmailHTMLView::applyHeight);
     connect(&m_coordinator, &EmailHTMLCoordinator::contentHeightChanged, this, &EmailHTMLView::contentHeightChanged);
-    connect(m_input, &EmailHTMLInput::zoomChanged, this, &EmailHTMLView::applyMagnification);
+    connect(m_input, &EmailHTMLInput::zoomChanged, this, &EmailHTMLView::applyZoom);
     connect(m_input, &EmailHTMLInput::movedSideways, this, &EmailHTMLView::moveSideways);
 }
 
@@ -93,9 +93,7 @@ void EmailHTMLView::load(const QByteArray &page, bool showImages) {
         return showAsText(WebEngine::shared().unavailableReason());
     delete std::exchange(m_plainView, nullptr);
     m_sentOffset = -1;
-    m_fit.reset();
-    m_awaitsFit = false;
-    applyMagnification();
+    m_fitScale = 1;
     setOverflow(0);
     m_webView->load(page, showImages ? RemoteContent::Drawing : RemoteContent::Blocked);
 }
@@ -109,7 +107,7 @@ bool EmailHTMLView::makeWebView() {
     auto *widget = m_webView->widget();
     m_webView->setDelegate(this);
     m_webView->setBackgroundColor(m_inputs.theme.bgWhite);
-    m_webView->setMagnification(magnification());
+    m_webView->setMagnification(m_input->zoom());
     widget->setParent(this);
     m_input->watch(widget);
     place();
@@ -137,7 +135,7 @@ void EmailHTMLView::showAsText(const QString &reason) {
 }
 
 void EmailHTMLView::applyHeight() {
-    const auto whole = std::ceil((contentHeight() + m_overflow) * magnification());
+    const auto whole = std::ceil((contentHeight() + m_overflow) * m_fitScale * m_input->zoom());
     setFixedHeight(int(std::min(whole, qreal(QWIDGETSIZE_MAX))));
 }
 
@@ -145,10 +143,6 @@ void EmailHTMLView::resizeEvent(QResizeEvent *) {
     m_cover->setGeometry(rect());
     if (m_plainView)
         m_plainView->setGeometry(rect());
-    const auto before = m_fit.scale();
-    m_fit.setWidth(width());
-    if (m_fit.scale() != before)
-        applyMagnification();
 }
 
 void EmailHTMLView::setOverflow(qreal overflow) {
@@ -163,11 +157,11 @@ void EmailHTMLView::place() {
     const auto top = std::clamp(window.top(), 0, std::max(0, height() - window.height()));
     m_webView->widget()->setGeometry(0, top, width(), window.height());
     if (std::exchange(m_sentOffset, top) != top)
-        m_webView->evaluateJavaScript(u"scrollPage(%1)"_s.arg(top / magnification()));
+        m_webView->evaluateJavaScript(u"scrollPage(%1)"_s.arg(top / m_input->zoom()));
 }
 
 void EmailHTMLView::followPage(qreal pageOffset) {
-    m_sentOffset = qRound(pageOffset * magnification());
+    m_sentOffset = qRound(pageOffset * m_input->zoom());
     m_column->scrollTo(m_sentOffset);
 }
 
@@ -182,7 +176,7 @@ void EmailHTMLView::webViewDidFinish() {
 }
 
 void EmailHTMLView::webViewDidPaint() {
-    if (m_awaitsFit || m_inputs.html.isEmpty())
+    if (m_inputs.html.isEmpty())
         return;
     m_cover->hide();
     Q_EMIT painted();
@@ -195,25 +189,18 @@ void EmailHTMLView::webViewDidReceiveMessage(const QString &name, const QVariant
         followPage(body.toDouble());
     else if (name == EmailHTMLHandler::overflow)
         setOverflow(body.toDouble());
-    else if (name == EmailHTMLHandler::width)
-        fitWidth(body.toList());
+    else if (name == EmailHTMLHandler::fit)
+        setFitScale(body.toDouble());
 }
 
-void EmailHTMLView::fitWidth(const QVariantList &contentAndVisible) {
-    // Whoever enlarges the message wants it larger than the view.
-    if (contentAndVisible.size() != 2 || m_input->zoom() != 1)
-        return;
-    if (m_fit.receive(contentAndVisible.first().toDouble(), contentAndVisible.last().toDouble())) {
-        m_awaitsFit = true;
-        applyMagnification();
-    } else if (std::exchange(m_awaitsFit, false)) {
-        webViewDidPaint();
-    }
+void EmailHTMLView::setFitScale(qreal scale) {
+    m_fitScale = std::clamp(scale, 0.1, 1.0);
+    applyHeight();
 }
 
 void EmailHTMLView::moveSideways(int distance) {
     if (m_webView)
-        m_webView->evaluateJavaScript(u"window.scrollBy(%1, 0)"_s.arg(distance / magnification()));
+        m_webView->evaluateJavaScript(u"window.scrollBy(%1, 0)"_s.arg(distance / m_input->zoom()));
 }
 
 void EmailHTMLView::webViewDidActivateLink(const QUrl &url) {
@@ -253,13 +240,11 @@ void EmailHTMLView::selectAll() {
         m_webView->selectAll();
 }
 
-qreal EmailHTMLView::magnification() const {
-    return m_input->zoom() * m_fit.scale();
-}
-
-void EmailHTMLView::applyMagnification() {
-    if (m_webView)
-        m_webView->setMagnification(magnification());
+void EmailHTMLView::applyZoom() {
+    if (m_webView) {
+        m_webView->evaluateJavaScript(u"setEnlarged(%1)"_s.arg(m_input->zoom() == 1 ? u"false"_s : u"true"_s));
+        m_webView->setMagnification(m_input->zoom());
+    }
     applyHeight();
     place();
 }

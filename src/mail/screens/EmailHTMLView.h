@@ -1,7 +1,6 @@
 #pragma once
 
 #include "mail/EmailHTMLCoordinator.h"
-#include "mail/EmailHTMLFit.h"
 #include "platform/desktop/WebView.h"
 
 #include <QWidget>
@@ -68,11 +67,9 @@ private:
     void setOverflow(qreal overflow);
     void place();
     void followPage(qreal pageOffset);
-    /// Takes what the page posts to the handler "width".
-    void fitWidth(const QVariantList &contentAndVisible);
+    void setFitScale(qreal scale);
     void moveSideways(int distance);
-    qreal magnification() const;
-    void applyMagnification();
+    void applyZoom();
 
     EmailHTMLInputs m_inputs;
     EmailHTMLCoordinator m_coordinator;
@@ -83,9 +80,8 @@ private:
     std::unique_ptr<WebView> m_webView;
     bool m_updateScheduled = false;
     bool m_hasReloaded = false;
-    EmailHTMLFit m_fit;
-    /// The page is being laid out for another width before it may be seen.
-    bool m_awaitsFit = false;
+    /// By which the page has scaled itself down, so that its whole width can be seen.
+    qreal m_fitScale = 1;
     /// In CSS pixels below the body.
     qreal m_overflow = 0;
     int m_sentOffset = -1;
