@@ -10,6 +10,7 @@ UnguardedEngine::UnguardedEngine() {
     page->settings()->setAttribute(QWebEngineSettings::HyperlinkAuditingEnabled, true);
     m_view.setPage(page);
     m_view.resize(800, 600);
+    QObject::connect(page, &QWebEnginePage::loadStarted, &m_view, [this] { m_loaded = false; });
     QObject::connect(page, &QWebEnginePage::loadFinished, &m_view, [this] { m_loaded = true; });
     m_view.show();
 }
