@@ -1,14 +1,13 @@
 #include "DevServer.h"
 
+#include "demo/DemoAccounts.h"
 #include "demo/DemoMailbox.h"
+
+#include <algorithm>
 
 namespace fs = std::filesystem;
 
 namespace {
-
-const NewAccount demoAccount{
-    "demo",        "corvanite", "dana@corvanite.example",
-    "Dana Okafor", true,        {{"ai_provider", "builtin"}, {"ai_model", "word-weights"}, {"has_ai_key", true}}};
 
 fs::path madeFolder(const fs::path &folder) {
     fs::create_directories(folder);
@@ -16,16 +15,22 @@ fs::path madeFolder(const fs::path &folder) {
     return folder;
 }
 
+NewAccount namedAccount(const std::string &name) {
+    const auto &known = demoAccounts();
+    const auto found =
+        std::find_if(known.begin(), known.end(), [&](const auto &wish) { return wish.username == name; });
+    return found == known.end() ? NewAccount{name, {}, name + "@corvanite.example", name} : *found;
+}
+
 std::vector<NewAccount> wantedAccounts(const ServerOptions &options) {
     if (options.accounts.empty())
-        return {demoAccount};
+        return demoAccounts();
     std::vector<NewAccount> accounts;
     for (const auto &[name, password] : options.accounts) {
-        if (name == demoAccount.username)
-            accounts.push_back(demoAccount);
-        else
-            accounts.push_back({name, password, name + "@corvanite.example", name, accounts.empty()});
-        accounts.back().password = password;
+        auto wish = namedAccount(name);
+        wish.password = password;
+        wish.isAdministrator |= accounts.empty();
+        accounts.push_back(std::move(wish));
     }
     return accounts;
 }
@@ -47,18 +52,22 @@ DevServer::DevServer(const ServerOptions &options)
     , m_accounts(madeFolder(options.state) / "accounts.sqlite")
     , m_jobs(options.state / "jobs.sqlite")
     , m_blocked(options.state / "blocked.sqlite")
+    , m_templates(options.state / "templates.sqlite")
+    , m_contacts(options.state / "contacts.sqlite")
     , m_mailboxes(options.state, m_blocked, m_events)
+    , m_delivery(options, m_accounts, m_mailboxes)
     , m_runner(m_jobs, options.jobPause)
-    , m_context{options, m_accounts, m_events, m_mailboxes, m_jobs, m_runner, m_blocked}
+    , m_context{options,  m_accounts, m_events,    m_mailboxes, m_jobs,
+                m_runner, m_blocked,  m_templates, m_contacts,  m_delivery}
     , m_frontend(options, m_router, m_accounts) {
     addRoutes();
     openMailboxes();
 }
 
 void DevServer::addRoutes() {
-    for (const auto add :
-         {addAuthRoutes, addFolderRoutes, addListRoutes, addReadRoutes, addAttachmentRoutes, addChangeRoutes,
-          addJobRoutes, addEventRoutes, addChatRoutes, addBlockedRoutes, addAIRoutes, addFaviconRoutes})
+    for (const auto add : {addAuthRoutes, addFolderRoutes, addListRoutes, addReadRoutes, addAttachmentRoutes,
+                           addChangeRoutes, addJobRoutes, addEventRoutes, addChatRoutes, addBlockedRoutes, addAIRoutes,
+                           addSendRoutes, addTemplateRoutes, addContactRoutes, addFaviconRoutes})
         add(m_router, m_context);
 }
 
@@ -81,10 +90,19 @@ void DevServer::openMailboxes() {
 Account DevServer::provideAccount(const NewAccount &wish) {
     const auto known = m_accounts.find(wish.username);
     if (!known)
-        return m_accounts.create(wish);
+        return createAccount(wish);
     if (!m_accounts.authenticate(wish.username, wish.password))
         m_accounts.setPassword(known->id, wish.password);
     return *known;
+}
+
+Account DevServer::createAccount(const NewAccount &wish) {
+    const auto account = m_accounts.create(wish);
+    if (wish.username == demoAccounts().front().username) {
+        addDemoTemplates(m_templates, account.id);
+        addDemoContacts(m_contacts, account.id);
+    }
+    return account;
 }
 
 std::string DevServer::bind() {

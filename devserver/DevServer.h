@@ -19,13 +19,17 @@ private:
     void addRoutes();
     void openMailboxes();
     Account provideAccount(const NewAccount &wish);
+    Account createAccount(const NewAccount &wish);
 
     const ServerOptions &m_options;
     EventHub m_events;
     AccountStore m_accounts;
     JobStore m_jobs;
     BlockedStore m_blocked;
+    TemplateStore m_templates;
+    ContactStore m_contacts;
     MailboxRegistry m_mailboxes;
+    MailDelivery m_delivery;
     // Behind what its jobs use, so that it ends before.
     JobRunner m_runner;
     ServerContext m_context;

@@ -10,8 +10,10 @@ const char *const serverUsage = R"(usage: corvanite-devserver [options]
        corvanite-devserver --fill N DIR [--attachment MB]
 
 A webmail server for development. It serves mail of a Maildir on 127.0.0.1 and prints one line,
-"listening http://127.0.0.1:PORT", as soon as it answers. Without --account there is one account,
-user name "demo", password "corvanite", with a mailbox to try things with.
+"listening http://127.0.0.1:PORT", as soon as it answers. Without --account there are two accounts, "demo",
+with a mailbox to try things with, and "ilias", to write to; both have the password "corvanite".
+The accounts can write to each other: the address of NAME is NAME@corvanite.example, that of "demo"
+is dana@corvanite.example.
 
   --port N                 listen there (default 8143; 0 takes a free port)
   --tls                    HTTPS with a self-signed certificate, kept in the state folder
@@ -24,6 +26,9 @@ user name "demo", password "corvanite", with a mailbox to try things with.
   --latency MS             answer each request that much later
   --fail PATTERN=STATUS    answer with that status where the shell glob matches the path, such as
                            "api/emails/*=500"; may be given again
+  --smtp HOST:PORT         hand mail for others than the accounts here to this SMTP server, without TLS or a
+                           password; without it, such mail is refused
+  --smtp-timeout MS        how long it may take for each answer (default 20000)
   --job-pause MS           how long a background job rests before each ten messages (default 400)
   --verbose                log requests to the standard error
   --fill N DIR             write a Maildir with N messages and end
@@ -93,6 +98,11 @@ private:
         m_options.failures.push_back({pattern, parseNumber(m_option, status)});
     }
 
+    void readSMTP() {
+        auto [host, port] = split(m_option, value(), ':');
+        m_options.smtp = SMTPServer{std::move(host), std::move(port)};
+    }
+
     void readFill() {
         const int messages = number();
         m_options.fill = FillOption{messages, value()};
@@ -118,6 +128,8 @@ private:
         {"--session-lifetime", [this] { m_options.sessionLifetime = std::chrono::seconds(number()); }},
         {"--latency", [this] { m_options.latency = std::chrono::milliseconds(number()); }},
         {"--fail", [this] { readFailure(); }},
+        {"--smtp", [this] { readSMTP(); }},
+        {"--smtp-timeout", [this] { m_options.smtpTimeout = std::chrono::milliseconds(number()); }},
         {"--job-pause", [this] { m_options.jobPause = std::chrono::milliseconds(number()); }},
         {"--verbose", [this] { m_options.isVerbose = true; }},
         {"--fill", [this] { readFill(); }},

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "send/SMTPConnection.h"
+
 #include <chrono>
 #include <filesystem>
 #include <optional>
@@ -37,6 +39,9 @@ struct ServerOptions {
     std::chrono::milliseconds jobPause{400};
     std::chrono::seconds sessionLifetime{30 * 24 * 3600};
     std::vector<FailOption> failures;
+    /// Who takes mail for others than this server's accounts.
+    std::optional<SMTPServer> smtp;
+    std::chrono::milliseconds smtpTimeout{20000};
     /// Write a Maildir instead of serving one.
     std::optional<FillOption> fill;
 };

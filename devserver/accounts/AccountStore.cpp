@@ -18,6 +18,11 @@ CREATE TABLE IF NOT EXISTS account (
     password_hash TEXT NOT NULL,
     settings TEXT NOT NULL DEFAULT '{}'
 );
+CREATE TABLE IF NOT EXISTS alias (
+    number INTEGER PRIMARY KEY,
+    address TEXT NOT NULL UNIQUE COLLATE NOCASE,
+    account_id TEXT NOT NULL REFERENCES account(id) ON DELETE CASCADE
+);
 CREATE TABLE IF NOT EXISTS session (
     token_hash TEXT PRIMARY KEY,
     account_id TEXT NOT NULL REFERENCES account(id) ON DELETE CASCADE,
@@ -78,6 +83,8 @@ Account AccountStore::create(const NewAccount &wish) {
                                        account.isAdministrator, hash, account.settings.dump());
     if (created == 0)
         throw APIError(409, "This user name or mail address is taken");
+    for (const auto &alias : wish.aliases)
+        m_database.run("INSERT OR IGNORE INTO alias (address, account_id) VALUES (?, ?)", alias, account.id);
     return account;
 }
 
@@ -89,7 +96,9 @@ void AccountStore::setPassword(const std::string &accountID, const std::string &
 
 std::optional<Account> AccountStore::find(const std::string &name) {
     const std::lock_guard lock(m_mutex);
-    return firstAccount(m_database.query(select("account WHERE username = ? OR email = ?"), name, name));
+    return firstAccount(m_database.query(select("account WHERE username = ? OR email = ? OR "
+                                                "id = (SELECT account_id FROM alias WHERE address = ?)"),
+                                         name, name, name));
 }
 
 std::optional<Account> AccountStore::authenticate(const std::string &name, const std::string &password) {
@@ -110,6 +119,15 @@ std::vector<Account> AccountStore::all() {
     for (auto row = m_database.query(select("account ORDER BY rowid")); row.step();)
         accounts.push_back(readAccount(row));
     return accounts;
+}
+
+std::vector<std::string> AccountStore::addressesOf(const Account &account) {
+    const std::lock_guard lock(m_mutex);
+    std::vector<std::string> addresses{account.email};
+    auto row = m_database.query("SELECT address FROM alias WHERE account_id = ? ORDER BY number", account.id);
+    while (row.step())
+        addresses.push_back(row.text(0));
+    return addresses;
 }
 
 std::string AccountStore::startSession(const std::string &accountID, std::chrono::seconds lifetime) {

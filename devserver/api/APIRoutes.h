@@ -2,10 +2,13 @@
 
 #include "ServerOptions.h"
 #include "accounts/AccountStore.h"
+#include "directory/ContactStore.h"
+#include "directory/TemplateStore.h"
 #include "http/Router.h"
 #include "jobs/JobRunner.h"
 #include "mailbox/MailboxRegistry.h"
 #include "rules/BlockedStore.h"
+#include "send/MailDelivery.h"
 
 /// What handlers work with; lives as long as the server.
 struct ServerContext {
@@ -16,6 +19,9 @@ struct ServerContext {
     JobStore &jobs;
     JobRunner &runner;
     BlockedStore &blocked;
+    TemplateStore &templates;
+    ContactStore &contacts;
+    MailDelivery &delivery;
 
     Mailbox &mailbox(const APIRequest &request) const { return mailboxes.of(request.account()); }
 };
@@ -32,4 +38,7 @@ void addEventRoutes(Router &router, ServerContext &context);
 void addChatRoutes(Router &router, ServerContext &context);
 void addBlockedRoutes(Router &router, ServerContext &context);
 void addAIRoutes(Router &router, ServerContext &context);
+void addSendRoutes(Router &router, ServerContext &context);
+void addTemplateRoutes(Router &router, ServerContext &context);
+void addContactRoutes(Router &router, ServerContext &context);
 void addFaviconRoutes(Router &router, ServerContext &context);

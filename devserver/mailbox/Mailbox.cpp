@@ -272,3 +272,29 @@ void Mailbox::requireTarget(const std::string &path) {
         throw APIError(404, "There is no folder \"" + path + "\"");
     m_tree.create(path);
 }
+
+std::string Mailbox::provideFolder(const std::string &role) {
+    const Lock lock(m_mutex);
+    for (const auto &folder : folders()) {
+        if (folder.role == role)
+            return folder.path;
+    }
+    requireTarget(m_roles.at(role));
+    return m_roles.at(role);
+}
+
+MaildirDelivery Mailbox::prepareDelivery(const std::string &folder, const std::string &bytes) {
+    std::filesystem::path place;
+    {
+        const Lock lock(m_mutex);
+        place = directory(folder);
+    }
+    // Writing a large message keeps nobody waiting.
+    return {place, bytes};
+}
+
+void Mailbox::finishDelivery(const std::string &folder, MaildirDelivery &delivery, const std::string &flags) {
+    const Lock lock(m_mutex);
+    delivery.finish(flags);
+    syncAndAnnounce(folder);
+}

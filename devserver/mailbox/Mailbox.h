@@ -2,6 +2,7 @@
 
 #include "http/EventHub.h"
 #include "mailbox/FolderSync.h"
+#include "maildir/MaildirDelivery.h"
 #include "maildir/MaildirWatcher.h"
 #include "rules/BlockedStore.h"
 
@@ -65,6 +66,13 @@ public:
 
     /// Fails unless mail can be moved there.
     void requireTarget(const std::string &path);
+
+    /// The path of the folder that has this role; made when there is none.
+    std::string provideFolder(const std::string &role);
+    /// Writes a message for a folder without showing it yet.
+    MaildirDelivery prepareDelivery(const std::string &folder, const std::string &bytes);
+    /// Shows and announces it, with Maildir flag letters.
+    void finishDelivery(const std::string &folder, MaildirDelivery &delivery, const std::string &flags);
 
 private:
     using Lock = std::lock_guard<std::recursive_mutex>;

@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <fstream>
+#include <sstream>
 
 namespace {
 
@@ -57,5 +58,7 @@ std::optional<std::string> readWholeFile(const std::filesystem::path &path) {
     std::ifstream file(path, std::ios::binary);
     if (!file)
         return std::nullopt;
-    return std::string(std::istreambuf_iterator<char>(file), {});
+    std::ostringstream bytes;
+    bytes << file.rdbuf();
+    return std::move(bytes).str();
 }

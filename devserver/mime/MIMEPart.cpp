@@ -38,11 +38,6 @@ std::string withoutDeepGroups(std::string bytes) {
     return bytes;
 }
 
-std::string bytesOfStream(GMimeStream *stream) {
-    const GByteArray *array = g_mime_stream_mem_get_byte_array(GMIME_STREAM_MEM(stream));
-    return {reinterpret_cast<const char *>(array->data), array->len};
-}
-
 void collect(GMimeObject *object, const std::string &number, bool isAlternative, int depth,
              std::vector<MIMELeaf> &leaves) {
     if (!object || depth > deepestNesting)
@@ -91,6 +86,11 @@ MIMEMessage parseMessage(const std::string &original) {
     const GMimeOwner parser(g_mime_parser_new_with_stream(stream.get()));
     GMimeMessage *message = g_mime_parser_construct_message(parser.get(), nullptr);
     return MIMEMessage(message ? message : g_mime_message_new(FALSE));
+}
+
+std::string bytesOfStream(GMimeStream *stream) {
+    const GByteArray *array = g_mime_stream_mem_get_byte_array(GMIME_STREAM_MEM(stream));
+    return {reinterpret_cast<const char *>(array->data), array->len};
 }
 
 bool MIMELeaf::is(const char *type, const char *subtype) const {

@@ -16,6 +16,10 @@ public:
     GMimeOwner(GMimeOwner &&other) noexcept
         : m_object(std::exchange(other.m_object, nullptr)) {}
     GMimeOwner(const GMimeOwner &) = delete;
+    GMimeOwner &operator=(GMimeOwner &&other) noexcept {
+        std::swap(m_object, other.m_object);
+        return *this;
+    }
     GMimeOwner &operator=(const GMimeOwner &) = delete;
     ~GMimeOwner() {
         if (m_object)
@@ -36,6 +40,9 @@ void startMIME();
 
 /// Never absent: bytes that are no message at all give an empty one.
 MIMEMessage parseMessage(const std::string &bytes);
+
+/// What has been written to a stream in memory.
+std::string bytesOfStream(GMimeStream *stream);
 
 /// One leaf of a message: a text, a file, or a whole attached message.
 struct MIMELeaf {
