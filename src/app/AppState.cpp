@@ -33,6 +33,34 @@ QString AppState::trashFolderPath() const {
     return folderPath(FolderRole::trash, u"Trash"_s);
 }
 
+QString AppState::account() const {
+    const auto &user = currentUser.get();
+    return user ? user->_id + u' ' + serverURL.get() : QString();
+}
+
+void AppState::presentCompose() {
+    composePresentationID = QUuid::createUuid();
+    showCompose = true;
+}
+
+ComposeRequest AppState::takeComposeRequest() {
+    const ComposeRequest request{composeReplyTo, composeReplyAll, composeForward, mailtoTo,     mailtoSubject,
+                                 mailtoCc,       mailtoBcc,       mailtoBody,     composeUnsent};
+    composeReplyTo = std::nullopt;
+    composeForward = std::nullopt;
+    for (auto *field : {&mailtoTo, &mailtoSubject, &mailtoCc, &mailtoBcc, &mailtoBody})
+        *field = QString();
+    composeUnsent = nullptr;
+    return request;
+}
+
+void AppState::dropComposeRequests() {
+    takeComposeRequest();
+    sharedAttachments = {};
+    sharedBody = QString();
+    showCompose = false;
+}
+
 bool AppState::deliversNotifications() const {
     return !isActive || UserDefaults::standard().flag(u"notifyWhileActive"_s).value_or(false);
 }
@@ -101,5 +129,7 @@ QCoro::Task<> AppState::signOut() {
     selectedFolder = std::nullopt;
     selectedEmailUID = std::nullopt;
     navigationDestination = std::nullopt;
+    // Nobody else is to find what one person was about to write.
+    dropComposeRequests();
     sseClient.disconnect();
 }

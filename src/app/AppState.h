@@ -1,6 +1,8 @@
 #pragma once
 
 #include "app/User.h"
+#include "compose/ComposeRequest.h"
+#include "compose/SendOutcomes.h"
 #include "mail/EmailRecords.h"
 #include "mail/Folders.h"
 #include "net/SSEClient.h"
@@ -73,6 +75,9 @@ public:
     Published<std::optional<EmailDetail>> composeReplyTo{this};
     Published<bool> composeReplyAll{this, false};
     Published<std::optional<EmailDetail>> composeForward{this};
+    /// A message to open again.
+    Published<std::shared_ptr<ComposeViewModel>> composeUnsent{this};
+    SendOutcomes sendOutcomes;
 
     ThemeManager themeManager;
     SSEClient sseClient;
@@ -100,6 +105,14 @@ public:
     QString archiveFolderPath() const;
     QString trashFolderPath() const;
 
+    /// Names the signed-in account among all accounts of all servers; empty when nobody is signed in.
+    QString account() const;
+
+    /// Opens a new compose screen.
+    void presentCompose();
+    /// Takes out what the new compose screen is to begin with.
+    ComposeRequest takeComposeRequest();
+
     /// Asks the server who is signed in; runs once per process, later calls do nothing.
     void restoreSession();
     void didSignIn(const User &user);
@@ -115,6 +128,7 @@ public:
 private:
     QCoro::Task<> restore();
     void enterSignedInState(const User &user);
+    void dropComposeRequests();
     void startCheck(bool deliver);
     void handleMailboxState(const QJsonObject &data);
     void handleEmailsChanged(const QJsonObject &data);

@@ -7,16 +7,6 @@
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-/// Such a picture belongs into the body.
-bool isInlineImage(const EmailAttachment &attachment) {
-    const auto type = attachment.mimeType().trimmed().toLower();
-    return type.startsWith("image/"_L1) && !attachment.cid.value_or(QString()).trimmed().isEmpty();
-}
-
-} // namespace
-
 std::shared_ptr<EmailDetailState> EmailDetailState::make(std::shared_ptr<AppState> appState) {
     const std::shared_ptr<EmailDetailState> state(new EmailDetailState(std::move(appState)));
     connect(state->viewModel.get(), &ObservableObject::changed, state.get(), &ObservableObject::scheduleChange);
@@ -100,7 +90,7 @@ QString EmailDetailState::senderName() const {
 }
 
 QString EmailDetailState::senderAddress() const {
-    return sender() ? sender()->email.value_or(sender()->address.value_or(QString())) : QString();
+    return sender() ? sender()->plainAddress() : QString();
 }
 
 QString EmailDetailState::senderDomain() const {
@@ -144,7 +134,7 @@ std::vector<EmailAttachment> EmailDetailState::shownAttachments() const {
     if (!hasAttachments())
         return {};
     auto shown = *viewModel->email.get()->attachments;
-    std::erase_if(shown, isInlineImage);
+    std::erase_if(shown, std::mem_fn(&EmailAttachment::isInlineImage));
     return shown;
 }
 

@@ -1,11 +1,11 @@
 #include "mail/EmailDragData.h"
 
+#include "net/JSONText.h"
+
 #include <QJsonDocument>
 
 QByteArray encodeEmailDrag(const std::vector<EmailDragData> &items) {
-    const auto document = items.size() == 1 ? QJsonDocument(encodeJSON(items.front()).toObject())
-                                            : QJsonDocument(encodeJSON(items).toArray());
-    return document.toJson(QJsonDocument::Compact);
+    return items.size() == 1 ? encodeJSONText(items.front()) : encodeJSONText(items);
 }
 
 std::vector<EmailDragData> decodeEmailDrag(const QByteArray &bytes) {

@@ -58,13 +58,16 @@ QString addressDomain(const QString &address) {
     return at < 0 ? QString() : address.sliced(at + 1);
 }
 
+QString EmailAddress::plainAddress() const {
+    return email.value_or(address.value_or(QString()));
+}
+
 QString EmailAddress::displayName() const {
-    return hasText(name) ? *name : email.value_or(address.value_or(QString()));
+    return hasText(name) ? *name : plainAddress();
 }
 
 QString EmailAddress::headerText() const {
-    const auto bare = email.value_or(address.value_or(QString()));
-    return hasText(name) ? *name + " <"_L1 + bare + u'>' : bare;
+    return hasText(name) ? *name + " <"_L1 + plainAddress() + u'>' : plainAddress();
 }
 
 QString EmailAttachment::id() const {
@@ -73,6 +76,10 @@ QString EmailAttachment::id() const {
 
 QString EmailAttachment::mimeType() const {
     return type.value_or(contentType.value_or(u"application/octet-stream"_s));
+}
+
+bool EmailAttachment::isInlineImage() const {
+    return mimeType().trimmed().toLower().startsWith("image/"_L1) && !cid.value_or(QString()).trimmed().isEmpty();
 }
 
 qint64 EmailAttachment::partNumber() const {

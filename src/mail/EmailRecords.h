@@ -32,6 +32,8 @@ struct EmailAddress {
 
     bool operator==(const EmailAddress &) const = default;
 
+    /// The address itself; empty when there is none.
+    QString plainAddress() const;
     QString displayName() const;
     /// As in a header: the name, then the address in angle brackets.
     QString headerText() const;
@@ -49,6 +51,8 @@ struct EmailAttachment {
 
     QString id() const;
     QString mimeType() const;
+    /// Such a picture belongs into the body.
+    bool isInlineImage() const;
     qint64 partNumber() const;
     QString partQueryValue() const;
 };
@@ -96,8 +100,8 @@ struct AttachmentRef {
 /// One attachment of an outgoing message.
 struct AttachmentData {
     QString filename;
-    /// The file in Base64.
-    std::optional<QString> content;
+    /// The file; goes over the wire in Base64.
+    std::optional<QByteArray> content;
     QString contentType;
     std::optional<AttachmentRef> ref;
 

@@ -1,10 +1,10 @@
 #include "mail/WidgetSnapshot.h"
 
+#include "net/JSONText.h"
 #include "platform/Clock.h"
 #include "platform/StandardPaths.h"
 #include "platform/UserDefaults.h"
 
-#include <QJsonDocument>
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
@@ -36,8 +36,7 @@ void WidgetSnapshot::write(qint64 unreadCount) const {
     const auto store = UserDefaults::suite(applicationGroupName());
     if (!store)
         return;
-    const QJsonDocument items(encodeJSON(m_items).toArray());
-    store->set(u"widget_recent_emails"_s, items.toJson(QJsonDocument::Compact));
+    store->set(u"widget_recent_emails"_s, encodeJSONText(m_items));
     store->set(u"widget_unread_count"_s, QJsonValue(unreadCount));
     store->set(u"widget_last_update"_s, QJsonValue(double(Clock::shared().now().toMSecsSinceEpoch()) / 1000));
 }

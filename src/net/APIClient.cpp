@@ -18,11 +18,6 @@ const std::pair<QByteArray, QByteArray> acceptsJSON{"Accept", "application/json"
 const std::pair<QByteArray, QByteArray> carriesJSON{"Content-Type", "application/json"};
 constexpr auto progressInterval = std::chrono::milliseconds(50);
 
-QByteArray serialized(const QJsonValue &json) {
-    const auto document = json.isArray() ? QJsonDocument(json.toArray()) : QJsonDocument(json.toObject());
-    return document.toJson(QJsonDocument::Compact);
-}
-
 /// The text that a failed request shows: the server's own words when it sent any.
 QString failureText(const HTTPResponse &response) {
     const auto answer = QJsonDocument::fromJson(response.body).object();
@@ -121,10 +116,10 @@ void APIClient::setServerURL(const QString &text) {
 }
 
 APIClient::Form APIClient::getForm(QString path, Query query) {
-    return {std::move(path), std::move(query), {.headers = {acceptsJSON}}, std::nullopt};
+    return {std::move(path), std::move(query), {.headers = {acceptsJSON}}, {}};
 }
 
-APIClient::Form APIClient::postForm(QString path, std::optional<QJsonValue> body, bool accepts) {
+APIClient::Form APIClient::postForm(QString path, BodyText body, bool accepts) {
     Form form{std::move(path), {}, {.method = "POST", .headers = {carriesJSON}}, std::move(body)};
     if (accepts)
         form.request.headers.append(acceptsJSON);
@@ -161,23 +156,24 @@ QCoro::Task<HTTPResponse> APIClient::respond(Form form, Progress progress) {
         throw APIError::invalidURL();
     form.request.url = *url;
     if (form.body)
-        form.request.body = serialized(*form.body);
+        form.request.body = form.body();
     if (!m_session)
         m_session = std::make_unique<URLSession>(
             [](const AuthenticationChallenge &challenge) { return TrustManager::shared().handle(challenge); });
     co_return co_await m_session->data(std::move(form.request), std::move(progress));
 }
 
-QCoro::Task<> APIClient::postVoid(QString path, std::optional<QJsonObject> body) {
-    co_await exchange<bool>(postForm(std::move(path), body, false), validated);
+QCoro::Task<> APIClient::postVoid(QString path) {
+    auto form = postForm(std::move(path), {}, false);
+    co_await exchange<bool>(std::move(form), validated);
 }
 
 QCoro::Task<> APIClient::postJSON(QString path, QJsonObject dictionary) {
-    co_await exchange<bool>(postForm(std::move(path), dictionary, false), validated);
+    return postVoid(std::move(path), std::move(dictionary));
 }
 
 QCoro::Task<> APIClient::putJSON(QString path, QJsonObject dictionary) {
-    auto form = postForm(std::move(path), dictionary, false);
+    auto form = postForm(std::move(path), textOf(std::move(dictionary)), false);
     form.request.method = "PUT";
     co_await exchange<bool>(std::move(form), validated);
 }
@@ -216,7 +212,7 @@ QCoro::Task<ChatGPTSubscriptionStatus> APIClient::subscriptionRequest(Subscripti
                                                              {SubscriptionAction::status, u"status"_s}};
     const auto path = u"api/admin/subscription/chatgpt/"_s + words.at(action);
     const bool asks = action == SubscriptionAction::status;
-    auto form = asks ? getForm(path, {}) : postForm(path, QJsonObject(), true);
+    auto form = asks ? getForm(path, {}) : postForm(path, textOf(QJsonObject()), true);
     if (!asks)
         form.request.headers.emplaceBack("X-Corvanite-Subscription", "1");
     form.request.ignoresCache = true;

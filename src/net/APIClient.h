@@ -2,7 +2,7 @@
 
 #include "admin/SubscriptionRecords.h"
 #include "net/APIError.h"
-#include "net/JSONRecord.h"
+#include "net/JSONText.h"
 #include "platform/URLSession.h"
 
 #include <QCoroThread>
@@ -33,10 +33,15 @@ public:
     }
 
     template <typename T, typename Body> QCoro::Task<T> post(QString path, Body body) {
-        co_return co_await exchange<T>(postForm(std::move(path), encodeJSON(body), true), decoded<T>);
+        auto form = postForm(std::move(path), textOf(std::move(body)), true);
+        co_return co_await exchange<T>(std::move(form), decoded<T>);
     }
 
-    QCoro::Task<> postVoid(QString path, std::optional<QJsonObject> body = std::nullopt);
+    QCoro::Task<> postVoid(QString path);
+    template <typename Body> QCoro::Task<> postVoid(QString path, Body body) {
+        auto form = postForm(std::move(path), textOf(std::move(body)), false);
+        co_await exchange<bool>(std::move(form), validated);
+    }
     QCoro::Task<> postJSON(QString path, QJsonObject dictionary);
     QCoro::Task<> putJSON(QString path, QJsonObject dictionary);
     QCoro::Task<> delete_(QString path);
@@ -52,12 +57,14 @@ public:
     void clearAuthMirror();
 
 private:
+    /// Makes the body of a request, on the client's own thread.
+    using BodyText = std::function<QByteArray()>;
     /// What the forms of request differ in.
     struct Form {
         QString path;
         Query query;
         URLRequest request;
-        std::optional<QJsonValue> body;
+        BodyText body;
     };
     template <typename T> using Judge = T (*)(HTTPResponse);
     using Progress = std::function<void(const HTTPResponse &)>;
@@ -66,8 +73,12 @@ private:
     void endSession();
 
     static Form getForm(QString path, Query query);
-    static Form postForm(QString path, std::optional<QJsonValue> body, bool accepts);
+    static Form postForm(QString path, BodyText body, bool accepts);
     static Form rawForm(QString path, Query query);
+
+    template <typename Body> static BodyText textOf(Body body) {
+        return [body = std::move(body)] { return encodeJSONText(body); };
+    }
 
     static void validate(const HTTPResponse &response);
     static bool validated(HTTPResponse response);

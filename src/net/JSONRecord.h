@@ -53,6 +53,7 @@ template <typename T> T decodeJSON(const QJsonValue &json, const JSONPath &path 
     return JSONCodec<T>::decode(json, path);
 }
 
+/// Of plain values and lists and maps of them. What holds records becomes text at once, by `encodeJSONText`.
 template <typename T> QJsonValue encodeJSON(const T &value) {
     return JSONCodec<T>::encode(value);
 }
@@ -143,12 +144,6 @@ template <JSONRecordType Record> struct JSONCodec<Record> {
         return record;
     }
 
-    static QJsonValue encode(const Record &record) {
-        QJsonObject object;
-        std::apply([&](const auto &...field) { (writeField(record, object, field), ...); }, jsonFields<Record>);
-        return object;
-    }
-
 private:
     template <typename Value>
     static void readField(Record &record, const QJsonObject &object, const JSONField<Record, Value> &field,
@@ -160,17 +155,6 @@ private:
                 record.*field.member = decodeJSON<typename Value::value_type>(json, here);
         } else {
             record.*field.member = decodeJSON<Value>(json, here);
-        }
-    }
-
-    template <typename Value>
-    static void writeField(const Record &record, QJsonObject &object, const JSONField<Record, Value> &field) {
-        const auto &value = record.*field.member;
-        if constexpr (isOptional<Value>) {
-            if (value)
-                object.insert(QLatin1StringView(field.key), encodeJSON(*value));
-        } else {
-            object.insert(QLatin1StringView(field.key), encodeJSON(value));
         }
     }
 };

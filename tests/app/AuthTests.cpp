@@ -120,7 +120,7 @@ TEST_F(SignInForm, SendsNameAndPasswordAsTyped) {
     launch(signIn(form, state));
     EXPECT_TRUE(form->isLoading);
     EXPECT_EQ(form->errorMessage.get(), std::nullopt);
-    EXPECT_EQ(login.request().body, R"({"password":"ä","username":" "})");
+    EXPECT_EQ(login.request().body, R"({"username":" ","password":"ä"})");
     EXPECT_EQ(login.request().header("content-type"), "application/json");
     const QByteArray answer = R"({"user": {"_id": "u1", "username": "anna"}})";
     login.sendHead(200, "application/json", "Content-Length: " + QByteArray::number(answer.size()) + "\r\n");

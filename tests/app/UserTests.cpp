@@ -1,5 +1,6 @@
 #include "app/AuthRecords.h"
 
+#include "net/JSONText.h"
 #include "support/CoreTest.h"
 
 using namespace Qt::StringLiterals;
@@ -154,7 +155,6 @@ TEST(FolderMapping, IsStrictOnItsOwn) {
 TEST(RegisterRequest, LeavesOutWhatIsUnset) {
     const RegisterRequest request{
         .username = u"ada"_s, .password = u"p"_s, .email = u"a@b"_s, .imap_port = 993, .smtp_host = u"s"_s};
-    const QJsonObject expected{{u"username"_s, u"ada"_s},   {u"password"_s, u"p"_s}, {u"email"_s, u"a@b"_s},
-                               {u"full_name"_s, QString()}, {u"imap_port"_s, 993},   {u"smtp_host"_s, u"s"_s}};
-    EXPECT_EQ(encodeJSON(request), QJsonValue(expected));
+    EXPECT_EQ(encodeJSONText(request), R"({"username":"ada","password":"p","email":"a@b","full_name":"",)"
+                                       R"("imap_port":993,"smtp_host":"s"})");
 }

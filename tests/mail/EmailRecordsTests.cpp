@@ -1,6 +1,7 @@
 #include "mail/EmailRecords.h"
 #include "mail/FolderRecords.h"
 
+#include "net/JSONText.h"
 #include "support/CoreTest.h"
 
 using namespace Qt::StringLiterals;
@@ -164,15 +165,13 @@ TEST(EmailSendRequest, WritesItsOwnKeys) {
         .subject = u"S"_s,
         .body = u"B"_s,
         .attachments =
-            std::vector{AttachmentData{.filename = u"f"_s, .content = u"QQ=="_s, .contentType = u"t"_s},
+            std::vector{AttachmentData{.filename = u"f"_s, .content = "A"_ba, .contentType = u"t"_s},
                         AttachmentData{
                             .filename = u"g"_s, .contentType = u"t"_s, .ref = AttachmentRef{u"INBOX"_s, 4, u"1.2"_s}}},
         .from_email = u"me@b"_s};
-    EXPECT_EQ(encodeJSON(request).toObject(), parseJSON(R"({
-        "to": "a@b", "subject": "S", "body": "B", "from_email": "me@b", "attachments": [
-            {"name": "f", "data": "QQ==", "type": "t"},
-            {"name": "g", "type": "t", "ref": {"folder": "INBOX", "uid": 4, "part": "1.2"}}]})")
-                                                  .toObject());
+    EXPECT_EQ(encodeJSONText(request),
+              R"({"to":"a@b","subject":"S","body":"B","attachments":[{"name":"f","data":"QQ==","type":"t"},)"
+              R"({"name":"g","type":"t","ref":{"folder":"INBOX","uid":4,"part":"1.2"}}],"from_email":"me@b"})");
 }
 
 TEST(MailFolder, NeedsPathAndNameOnly) {

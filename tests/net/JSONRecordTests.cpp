@@ -1,9 +1,8 @@
-#include "net/JSONRecord.h"
+#include "net/JSONText.h"
 
 #include "support/CoreTest.h"
 
-#include <QJsonArray>
-#include <QJsonDocument>
+#include <numeric>
 
 using namespace Qt::StringLiterals;
 
@@ -68,11 +67,6 @@ template <typename T> QString decodingFailure(const QByteArray &text) {
     } catch (const DecodingError &error) {
         return error.description();
     }
-}
-
-QByteArray encoded(const QJsonValue &json) {
-    return json.isArray() ? QJsonDocument(json.toArray()).toJson(QJsonDocument::Compact)
-                          : QJsonDocument(json.toObject()).toJson(QJsonDocument::Compact);
 }
 
 } // namespace
@@ -141,11 +135,55 @@ TEST_F(JSONRecordTest, unknownFieldsAreIgnoredAndTheLastOfTwoWins) {
 }
 
 TEST_F(JSONRecordTest, encodesOnlyWhatIsSet) {
-    EXPECT_EQ(encoded(encodeJSON(Item{7, std::nullopt})), "{\"uid\":7}");
-    EXPECT_EQ(encoded(encodeJSON(Item{7, u""_s})), "{\"name\":\"\",\"uid\":7}");
-    EXPECT_EQ(encoded(encodeJSON(std::vector{Item{INT64_MAX, u"\u00e4\n"_s}})),
-              "[{\"name\":\"\xc3\xa4\\n\",\"uid\":9223372036854775807}]");
+    EXPECT_EQ(encodeJSONText(Item{7, std::nullopt}), "{\"uid\":7}");
+    EXPECT_EQ(encodeJSONText(Item{7, u""_s}), "{\"uid\":7,\"name\":\"\"}");
+    EXPECT_EQ(encodeJSONText(std::vector{Item{INT64_MAX, u"\u00e4\n"_s}, Item()}),
+              "[{\"uid\":9223372036854775807,\"name\":\"\xc3\xa4\\n\"},{\"uid\":0}]");
+    EXPECT_EQ(encodeJSONText(std::vector<Item>()), "[]");
+    EXPECT_EQ(encodeJSONText(QJsonObject()), "{}");
 }
+
+TEST_F(JSONRecordTest, writesBytesAsOneBase64Text) {
+    EXPECT_EQ(encodeJSONText(QByteArray()), "\"\"");
+    // Around the pieces in which large files are written.
+    for (const qsizetype size : {1, 2, 3, 49151, 49152, 49153, 98304, 200000}) {
+        QByteArray bytes(size, Qt::Uninitialized);
+        std::iota(bytes.begin(), bytes.end(), 0);
+        const auto text = encodeJSONText(bytes);
+        ASSERT_EQ(text.size(), (size + 2) / 3 * 4 + 2);
+        const auto decoded =
+            QByteArray::fromBase64Encoding(text.sliced(1, text.size() - 2), QByteArray::AbortOnBase64DecodingErrors);
+        EXPECT_TRUE(decoded && *decoded == bytes) << size;
+    }
+}
+
+struct AwkwardText {
+    const char *name;
+    QString text;
+    QByteArray json;
+};
+
+class AwkwardTexts : public JSONRecordTest, public testing::WithParamInterface<AwkwardText> {};
+
+const AwkwardText awkwardTexts[] = {
+    {"Backslashes", u"a\\b\\\\"_s, R"("a\\b\\\\")"},
+    {"Quotes", u"\"'`"_s, R"("\"'`")"},
+    {"LineEnds", u"a\r\nb\tc"_s, R"("a\r\nb\tc")"},
+    {"LineSeparators", u"a\u2028b\u2029"_s,
+     "\"a\xe2\x80\xa8"
+     "b\xe2\x80\xa9\""},
+    {"Nul", QString(u"a\0b", 3), R"("a\u0000b")"},
+    {"LoneSurrogates", QString() + QChar(0xd83d) + u'a' + QChar(0xdc00), R"("\ud83da\udc00")"},
+    {"Emoji", u"\U0001f469\u200d\U0001f4bb"_s, "\"\xf0\x9f\x91\xa9\xe2\x80\x8d\xf0\x9f\x92\xbb\""},
+    {"Markup", u"<p class=\"x\">&amp;</p>"_s, R"("<p class=\"x\">&amp;</p>")"},
+    {"Nothing", QString(), "\"\""},
+};
+
+TEST_P(AwkwardTexts, AreWrittenWhole) {
+    EXPECT_EQ(encodeJSONText(GetParam().text), GetParam().json);
+}
+
+INSTANTIATE_TEST_SUITE_P(, AwkwardTexts, testing::ValuesIn(awkwardTexts), rowName);
 
 TEST_F(JSONRecordTest, aRecordSurvivesTheWay) {
     const Page page{.title = u"t \U0001f600"_s,
@@ -158,7 +196,7 @@ TEST_F(JSONRecordTest, aRecordSurvivesTheWay) {
                     .tags = std::vector<QString>{u"a"_s, u""_s},
                     .flag = false,
                     .extra = JSONValue{JSONValue::Array{{nullptr}, {1.5}}}};
-    EXPECT_EQ(decodeJSONText<Page>(encoded(encodeJSON(page))), page);
+    EXPECT_EQ(decodeJSONText<Page>(encodeJSONText(page)), page);
 }
 
 TEST_F(JSONRecordTest, whatIsNoJSONFails) {
@@ -171,7 +209,7 @@ TEST_F(JSONRecordTest, deepNestingFailsInsteadOfOverflowing) {
     const QByteArray deep = QByteArray("[").repeated(100000) + QByteArray("]").repeated(100000);
     EXPECT_NE(decodingFailure<JSONValue>(deep), QString());
     const QByteArray moderate = QByteArray("[").repeated(500) + QByteArray("]").repeated(500);
-    EXPECT_EQ(encoded(decodeJSONText<JSONValue>(moderate).toJson()), moderate);
+    EXPECT_EQ(jsonText(decodeJSONText<JSONValue>(moderate).toJson()), moderate);
 }
 
 TEST_F(JSONRecordTest, aJSONValueTakesEveryKind) {
@@ -193,6 +231,6 @@ TEST_F(JSONRecordTest, aJSONValueTakesEveryKind) {
     for (const auto &[text, value] : table) {
         const auto list = "[" + text + "]";
         EXPECT_EQ(decodeJSONText<JSONValue>(list), JSONValue{Array{value}}) << text.toStdString();
-        EXPECT_EQ(encoded(JSONValue{Array{value}}.toJson()), list);
+        EXPECT_EQ(jsonText(JSONValue{Array{value}}.toJson()), list);
     }
 }

@@ -1,0 +1,105 @@
+#pragma once
+
+#include "app/AppState.h"
+#include "compose/ComposeViewModel.h"
+#include "rules/Contact.h"
+#include "rules/EmailTemplate.h"
+
+#include <QUrl>
+
+/// What the compose screen decides: how a new message is filled, the completion of addresses, files, templates and
+/// writing by the server's model. Made for the presentation that is current in `AppState`, whose requests it takes.
+class ComposeState : public ObservableObject, public std::enable_shared_from_this<ComposeState> {
+    Q_OBJECT
+public:
+    static std::shared_ptr<ComposeState> make(std::shared_ptr<AppState> appState);
+
+    /// Its changes count as changes of this, too.
+    const std::shared_ptr<ComposeViewModel> viewModel;
+
+    Published<bool> showAttachmentPicker{this, false};
+    Published<bool> showAIPrompt{this, false};
+    Published<QString> aiPrompt{this};
+    Published<bool> isAILoading{this, false};
+    Published<bool> showTemplatePicker{this, false};
+    Published<std::vector<EmailTemplate>> templates{this};
+    Published<std::vector<Contact>> allContacts{this};
+    /// Matches for what is being typed into "To".
+    Published<std::vector<Contact>> contactSuggestions{this};
+    Published<bool> showSuggestions{this, false};
+    /// What the editor holds.
+    Published<QString> editorHTML{this};
+    /// What the editor is to show; typing does not change it.
+    Published<QString> initialEditorContent{this};
+    Published<QString> signatureHTML{this};
+
+    /// The subject, or what stands for it.
+    QString title() const;
+
+    /// Fills the message; a second call does nothing.
+    void start();
+    void editorChanged(const QString &html);
+    /// The person has typed in "To".
+    void recipientsEdited(const QString &text);
+    /// Replaces all that was typed.
+    void chooseSuggestion(const Contact &contact);
+    /// Removes the list of suggestions until the next key.
+    void closeSuggestions();
+
+    void openTemplates();
+    /// Replaces all of the text, signature and quotation included.
+    void pickTemplate(const EmailTemplate &chosen);
+
+    bool offersAI() const;
+    bool canGenerate() const;
+    /// Has the text written, which replaces the one that stands there.
+    void generate();
+    void closeAIPrompt();
+
+    /// Reads and attaches one after the other; those that cannot be attached are named in `errorMessage`.
+    void attachFiles(const QList<QUrl> &urls);
+    void reportDropFailure(const QString &text);
+
+    /// False while the message is being sent, and while files are still being read.
+    bool canSend() const;
+    /// The newest HTML of the editor has been told by `editorChanged`. Ends with `dismissed` on success; once the
+    /// screen is closed, the outcome goes to `AppState`.
+    QCoro::Task<> send();
+    /// The screen is gone.
+    void close();
+
+Q_SIGNALS:
+    /// The message is sent; the screen is to close.
+    void dismissed();
+
+private:
+    explicit ComposeState(std::shared_ptr<AppState> appState);
+    ComposeState(std::shared_ptr<AppState> appState, ComposeRequest request);
+    QCoro::Task<> loadContacts();
+    void suggest(const std::vector<Contact> &matches);
+    QCoro::Task<> loadTemplates();
+    QCoro::Task<> writeText(QString prompt);
+    QCoro::Task<> attachEach(QList<QUrl> urls);
+    QCoro::Task<> attach(QUrl url);
+    void addFile(const ComposeAttachment &file);
+    void surface(bool isSent, const QString &account);
+    /// Whether what others leave in `AppState` for a message is for this one.
+    bool isCurrent() const;
+
+    QCoro::Task<> fill();
+    void fillFromRequest();
+    void carryAttachments();
+    void fillFromLink();
+    /// Above what is quoted, and below what is written already.
+    void placeSignature(const QString &written);
+    void takeInSharedItems();
+    void setContent(const QString &html);
+
+    std::shared_ptr<AppState> m_appState;
+    const ComposeRequest m_request;
+    const QUuid m_presentation;
+    bool m_didInitialize = false;
+    bool m_isClosed = false;
+    /// How many groups of files are being read.
+    int m_attaching = 0;
+};
