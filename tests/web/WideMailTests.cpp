@@ -97,7 +97,7 @@ INSTANTIATE_TEST_SUITE_P(
                     FitRow{"GrowsWithTheView", BLOCK("130%"), 1},
                     FitRow{"WideAndSticksOut", "<div style='min-width:700px'>" BLOCK("calc(100% + 30px)") "</div>",
                            double(bodyWidth) / (730 + margin)},
-                    FitRow{"EmptyMarginSticksOut", BLOCK("550px"), 1},
+                    FitRow{"SomewhatTooWide", BLOCK("550px"), double(bodyWidth) / (550 + margin)},
                     FitRow{"ForbidsScaling", "<style>html { zoom: 1 !important }</style>" BLOCK("700px"),
                            double(bodyWidth) / (700 + margin)}),
     [](const auto &row) { return std::string(row.param.name); });

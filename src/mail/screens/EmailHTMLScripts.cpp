@@ -40,10 +40,9 @@ const QString overflowScript = uR"((() => {
 })();)"_s;
 
 // A page that is wider than its view is scaled down until its whole width can be seen, before anything of it is. One
-// that grows with its room, so that scaling does not help, keeps its size. Less than the bearable part of the width
-// may stick out: that is mostly an empty margin.
+// that grows with its room, so that scaling does not help, keeps its size.
 const QString fitScript = uR"((() => {
-    const smallestScale = 0.5, bearable = 0.03;
+    const smallestScale = 0.5, rounding = 1;
     const root = document.documentElement;
     let neededWidth = 0, lastVisible = 0, lastContent = 0, lastScale = 1, isEnlarged = false;
     window.fitScale = 1;
@@ -54,7 +53,7 @@ const QString fitScript = uR"((() => {
     };
     const fit = () => {
         let overflow = overflowFor(neededWidth);
-        while (overflow > bearable * window.innerWidth && window.fitScale > smallestScale) {
+        while (overflow > rounding && window.fitScale > smallestScale) {
             const wider = root.scrollWidth / window.fitScale;
             const rest = overflowFor(wider);
             if (rest > overflow / 2) {

@@ -23,7 +23,7 @@ EmailHTMLView::EmailHTMLView(QWidget *parent)
     setFixedHeight(int(m_coordinator.contentHeight()));
     connect(m_column, &ScrollingColumn::windowChanged, this, &EmailHTMLView::place);
     connect(&m_coordinator, &EmailHTMLCoordinator::loadRequested, this, &EmailHTMLView::load);
-    connect(&m_coordinator, &EmailHTMLCoordinator::pageKept, this, &EmailHTMLView::webViewDidPaint);
+    connect(&m_coordinator, &EmailHTMLCoordinator::pageKept, this, &EmailHTMLView::reveal);
     connect(&m_coordinator, &EmailHTMLCoordinator::contentHeightChanged, this, &EmailHTMLView::applyHeight);
     connect(&m_coordinator, &EmailHTMLCoordinator::contentHeightChanged, this, &EmailHTMLView::contentHeightChanged);
     connect(m_input, &EmailHTMLInput::zoomChanged, this, &EmailHTMLView::applyZoom);
@@ -44,6 +44,7 @@ void EmailHTMLView::setHtml(const QString &html) {
         return;
     m_inputs.html = html;
     m_hasReloaded = false;
+    m_awaitsPage = true;
     m_cover->show();
     scheduleUpdate();
 }
@@ -94,6 +95,7 @@ void EmailHTMLView::load(const QByteArray &page, bool showImages) {
     delete std::exchange(m_plainView, nullptr);
     m_sentOffset = -1;
     m_fitScale = 1;
+    m_awaitsPage = false;
     setOverflow(0);
     m_webView->load(page, showImages ? RemoteContent::Drawing : RemoteContent::Blocked);
 }
@@ -176,8 +178,11 @@ void EmailHTMLView::webViewDidFinish() {
 }
 
 void EmailHTMLView::webViewDidPaint() {
-    if (m_inputs.html.isEmpty())
-        return;
+    if (!m_awaitsPage && !m_inputs.html.isEmpty())
+        reveal();
+}
+
+void EmailHTMLView::reveal() {
     m_cover->hide();
     Q_EMIT painted();
 }

@@ -68,6 +68,7 @@ private:
     void place();
     void followPage(qreal pageOffset);
     void setFitScale(qreal scale);
+    void reveal();
     void moveSideways(int distance);
     void applyZoom();
 
@@ -80,6 +81,8 @@ private:
     std::unique_ptr<WebView> m_webView;
     bool m_updateScheduled = false;
     bool m_hasReloaded = false;
+    /// The page of this message is still being built: what is painted now is of the one before.
+    bool m_awaitsPage = false;
     /// By which the page has scaled itself down, so that its whole width can be seen.
     qreal m_fitScale = 1;
     /// In CSS pixels below the body.

@@ -36,7 +36,7 @@ class WebViewDelegate {
 public:
     virtual ~WebViewDelegate() = default;
     virtual void webViewDidFinish() {}
-    /// Two frames of the page that finished last have been drawn.
+    /// The page that was loaded last is on the screen.
     virtual void webViewDidPaint() {}
     virtual void webViewDidReceiveMessage(const QString &name, const QVariant &body) {
         Q_UNUSED(name)
