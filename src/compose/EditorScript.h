@@ -1,0 +1,17 @@
+#pragma once
+
+#include <QString>
+
+/// The texts that the program has the editor's page run, one call each.
+struct EditorScript {
+    static QString setContent(const QString &html);
+    static QString command(const QString &name);
+    /// `url` as it was typed.
+    static QString createLink(const QString &url);
+    static QString setFontSize(const QString &size);
+    static QString setTextColor(const QString &color);
+    static QString setHighlightColor(const QString &color);
+    static QString insertRule();
+    /// `url` may be a data URL.
+    static QString insertImage(const QString &url);
+};

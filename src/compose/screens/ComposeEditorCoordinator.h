@@ -1,0 +1,44 @@
+#pragma once
+
+#include "platform/desktop/WebView.h"
+
+#include <QObject>
+
+#include <functional>
+#include <optional>
+
+class EditorWebViewRef;
+
+/// Brings HTML into the editor's page and reports what the page holds.
+class ComposeEditorCoordinator final : public QObject, public WebViewDelegate {
+    Q_OBJECT
+
+public:
+    ComposeEditorCoordinator(WebView *webView, std::shared_ptr<EditorWebViewRef> ref, QObject *parent);
+    ~ComposeEditorCoordinator() override;
+
+    void loadPage();
+    void setInitialContent(const QString &html);
+    void fetchContent(std::function<void(std::optional<QString>)> done);
+
+Q_SIGNALS:
+    void htmlContentChanged(const QString &html);
+
+private:
+    void webViewDidFinish() override;
+    void webViewDidReceiveMessage(const QString &name, const QVariant &body) override;
+    void webViewProcessDidTerminate() override;
+
+    void applyInitialContent();
+    void receiveContent(const QString &html);
+    void answerFetches(const std::optional<QString> &html);
+
+    WebView *m_webView;
+    std::shared_ptr<EditorWebViewRef> m_ref;
+    bool m_isWebViewReady = false;
+    QString m_initialContent;
+    std::optional<QString> m_lastAppliedContent;
+    /// What the page held when it last spoke.
+    std::optional<QString> m_lastContent;
+    std::vector<std::function<void(std::optional<QString>)>> m_fetches;
+};

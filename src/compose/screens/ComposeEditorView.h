@@ -1,0 +1,38 @@
+#pragma once
+
+#include <QUrl>
+#include <QWidget>
+
+#include <functional>
+#include <memory>
+#include <optional>
+
+class AttachmentReceivingWebView;
+class ComposeEditorCoordinator;
+class EditorWebViewRef;
+
+/// The message as it is written: a page of the web engine.
+class ComposeEditorView final : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit ComposeEditorView(std::shared_ptr<EditorWebViewRef> ref, QWidget *parent = nullptr);
+    ~ComposeEditorView() override;
+
+    /// Replaces the message unless `html` is empty or what was given last; waits for the page to be loaded.
+    void setInitialContent(const QString &html);
+    /// What the page holds at this moment, with the last key pressed; absent when the page is not there, and then the
+    /// last `htmlContentChanged` holds. Not called once the view is gone.
+    void fetchContent(std::function<void(std::optional<QString>)> done);
+    void focusEditor();
+
+Q_SIGNALS:
+    void htmlContentChanged(const QString &html);
+    /// Files were dropped on the text.
+    void attachFiles(const QList<QUrl> &files);
+
+private:
+    std::shared_ptr<EditorWebViewRef> m_ref;
+    AttachmentReceivingWebView *m_receiver = nullptr;
+    ComposeEditorCoordinator *m_coordinator = nullptr;
+};
