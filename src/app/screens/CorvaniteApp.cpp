@@ -1,5 +1,6 @@
 #include "app/screens/CorvaniteApp.h"
 
+#include "app/screens/ComposePresenter.h"
 #include "app/screens/ContentView.h"
 #include "mail/screens/EmailDetailView.h"
 #include "ui/screens/AppStyle.h"
@@ -72,6 +73,7 @@ void CorvaniteApp::makeMainWindow() {
     connect(content, &ContentView::emailWindowRequested, this, &CorvaniteApp::openEmailWindow);
     content->setMinimumSize(smallestMainContent);
     m_mainWindow->setContent(content);
+    new ComposePresenter(m_appState, m_mainWindow.get(), [this] { openMainWindow(); });
 }
 
 void CorvaniteApp::openMainWindow() {

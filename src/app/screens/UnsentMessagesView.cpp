@@ -1,0 +1,50 @@
+#include "app/screens/UnsentMessagesView.h"
+
+#include "ui/screens/Buttons.h"
+#include "ui/screens/ErrorBanner.h"
+
+#include <QHBoxLayout>
+
+UnsentMessagesView::UnsentMessagesView(std::shared_ptr<MainScreenState> state, QWidget *parent)
+    : QWidget(parent)
+    , m_state(std::move(state)) {
+    auto *rows = new QVBoxLayout(this);
+    rows->setContentsMargins(12, 12, 12, 0);
+    rows->setSpacing(8);
+    setAccessibleName(tr("Unsent messages"));
+    observe(m_state.get(), this, &UnsentMessagesView::render);
+}
+
+void UnsentMessagesView::render() {
+    auto notices = m_state->unsentNotices();
+    setVisible(!notices.empty());
+    if (notices == m_shown)
+        return;
+    m_shown = std::move(notices);
+    qDeleteAll(findChildren<QWidget *>(Qt::FindDirectChildrenOnly));
+    for (const auto &notice : m_shown)
+        addRow(notice);
+}
+
+void UnsentMessagesView::addRow(const UnsentNotice &notice) {
+    auto *row = new QWidget;
+    auto *columns = new QHBoxLayout(row);
+    columns->setContentsMargins(0, 0, 0, 0);
+    columns->setSpacing(8);
+    auto *words = new ErrorBanner;
+    auto *open = new QPushButton(tr("Open Message"));
+    auto *dismiss = new IconButton(QStringLiteral("xmark"), tr("Dismiss"));
+    words->setError(notice.text);
+    pressWithReturn(open);
+    columns->addWidget(words, 1);
+    columns->addWidget(open);
+    columns->addWidget(dismiss);
+    layout()->addWidget(row);
+    // In the next turn, as the row goes with its message.
+    auto *state = m_state.get();
+    connect(
+        open, &QPushButton::clicked, state, [state, id = notice.id] { state->openUnsent(id); }, Qt::QueuedConnection);
+    connect(
+        dismiss, &IconButton::clicked, state, [state, id = notice.id] { state->dismissUnsent(id); },
+        Qt::QueuedConnection);
+}

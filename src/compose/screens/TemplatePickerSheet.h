@@ -1,0 +1,17 @@
+#pragma once
+
+#include "compose/ComposeState.h"
+#include "ui/screens/Sheet.h"
+
+/// The account's templates, of which one can be taken into the message.
+class TemplatePickerSheet final : public Sheet {
+    Q_OBJECT
+public:
+    TemplatePickerSheet(std::shared_ptr<ComposeState> state, QWidget *parent);
+
+private:
+    QWidget *makeList();
+    QWidget *makeEmptyState() const;
+
+    std::shared_ptr<ComposeState> m_state;
+};
