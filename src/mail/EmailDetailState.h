@@ -5,7 +5,7 @@
 #include "mail/EmailNavItem.h"
 #include "mail/EmailWindowRef.h"
 #include "mail/MacMailAction.h"
-#include "mail/MenuEntry.h"
+#include "ui/MenuEntry.h"
 #include "ui/ToastMessage.h"
 #include "ui/ViewTexts.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "mail/EmailListActions.h"
-#include "mail/MenuEntry.h"
+#include "ui/MenuEntry.h"
 
 /// A question before something is done to the selected messages. "Cancel" goes without saying.
 struct EmailListDialog {

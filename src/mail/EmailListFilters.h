@@ -1,7 +1,7 @@
 #pragma once
 
 #include "mail/MailboxViewModel.h"
-#include "mail/MenuEntry.h"
+#include "ui/MenuEntry.h"
 
 #include <QDate>
 

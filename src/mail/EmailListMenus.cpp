@@ -82,9 +82,7 @@ MenuEntry readEntry(const Actions &actions, const EmailSummary &email, const QSt
             }};
 }
 
-} // namespace
-
-std::vector<MenuSection> emailRowMenu(const EmailListState &list, const EmailSummary &email) {
+std::vector<MenuSection> rowMenu(const EmailListState &list, const EmailSummary &email) {
     const auto actions = list.actions;
     const auto uid = email.uid;
     return {writingEntries(actions, uid),
@@ -92,6 +90,15 @@ std::vector<MenuSection> emailRowMenu(const EmailListState &list, const EmailSum
             {archiveEntry(actions, uid), deleteEntry(actions, uid)},
             {readEntry(actions, email, u"Mark as Read"_s, u"Mark as Unread"_s), starEntry(actions, email)},
             {{.text = u"View Source"_s, .icon = u"doc.text"_s, .perform = [=] { actions->viewSource(uid); }}}};
+}
+
+} // namespace
+
+RowActions emailRowActions(const EmailListState &list, const EmailSummary &email) {
+    const auto actions = list.actions;
+    return {.leading = {readEntry(actions, email, u"Read"_s, u"Unread"_s), starEntry(actions, email)},
+            .trailing = {deleteEntry(actions, email.uid), archiveEntry(actions, email.uid)},
+            .menu = rowMenu(list, email)};
 }
 
 std::vector<MenuSection> moveMenu(const EmailListState &list) {
@@ -116,12 +123,4 @@ std::vector<MenuSection> filterMenu(const EmailListState &list) {
                          .perform = [=] { actions->checkSpam(); },
                          .isEnabled = !actions->isCheckingSpam}});
     return menu;
-}
-
-std::vector<MenuEntry> leadingSwipeActions(const EmailListState &list, const EmailSummary &email) {
-    return {readEntry(list.actions, email, u"Read"_s, u"Unread"_s), starEntry(list.actions, email)};
-}
-
-std::vector<MenuEntry> trailingSwipeActions(const EmailListState &list, const EmailSummary &email) {
-    return {deleteEntry(list.actions, email.uid), archiveEntry(list.actions, email.uid)};
 }

@@ -2,8 +2,7 @@
 
 #include "mail/EmailRecords.h"
 #include "platform/Clock.h"
-
-#include <QAbstractListModel>
+#include "ui/RowListModel.h"
 
 /// One row of a message list, ready to be painted.
 struct EmailRow {
@@ -18,14 +17,14 @@ struct EmailRow {
     /// All that the row shows, in words.
     QString accessibleText;
 
+    qint64 identity() const { return uid; }
     bool operator==(const EmailRow &) const = default;
 };
 
 EmailRow emailRow(const EmailSummary &email, bool isSentFolder);
 
-/// The rows of a message list. New rows come in as the smallest change by uid, so that a reload keeps scroll position,
-/// selection and focus. Their texts are prepared here, not while painting.
-class EmailListModel : public QAbstractListModel {
+/// The rows of a message list, known by their uids. Their texts are prepared here, not while painting.
+class EmailListModel : public RowListModel<EmailRow> {
     Q_OBJECT
 public:
     enum Role {
@@ -40,32 +39,20 @@ public:
         HasAttachmentRole
     };
 
-    using QAbstractListModel::QAbstractListModel;
+    using RowListModel::RowListModel;
 
     /// The list's messages; a uid that comes twice is shown once.
     void setEmails(const std::vector<EmailSummary> &emails, bool isSentFolder);
 
-    const EmailRow &row(int index) const { return m_rows[index]; }
-    /// The place of a message; -1 when it is not in the list.
-    int indexOf(qint64 uid) const;
-
-    int rowCount(const QModelIndex &parent = {}) const override;
     QVariant data(const QModelIndex &index, int role) const override;
     Qt::ItemFlags flags(const QModelIndex &index) const override;
 
 private:
     void prepareRows();
-    void update(const std::vector<EmailRow> &rows);
-    void removeMissing(const std::vector<EmailRow> &rows);
-    void placeRow(int place, const std::vector<EmailRow> &rows);
-    void insertRun(int place, const std::vector<EmailRow> &rows);
-    void moveRow(int from, int to);
-    void replaceChanged(const std::vector<EmailRow> &rows);
     void renewAtMidnight();
 
     std::vector<EmailSummary> m_emails;
     bool m_isSentFolder = false;
-    std::vector<EmailRow> m_rows;
     /// Yesterday's messages no longer show a time of day.
     ScheduledWorkPtr m_midnight;
 };

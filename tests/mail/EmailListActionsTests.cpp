@@ -36,7 +36,7 @@ protected:
         settle();
     }
     EmailSummary email(qint64 uid) const { return *list->email(uid); }
-    std::vector<MenuSection> menu(qint64 uid) const { return emailRowMenu(*list, email(uid)); }
+    std::vector<MenuSection> menu(qint64 uid) const { return emailRowActions(*list, email(uid)).menu; }
     FakeExchange &expectPost(const QByteArray &path) { return server.expect("POST", path).answer(200); }
     QString toastText() const {
         const auto toast = list->actions->spamToast.get();
@@ -405,9 +405,9 @@ TEST_F(EmailListActionsTest, ShowTheSourceOfAMessage) {
 }
 
 TEST_F(EmailListActionsTest, SwipeInThisOrder) {
-    EXPECT_EQ(entryTexts({leadingSwipeActions(*list, email(1))}), (QStringList{u"Read"_s, u"Star"_s}));
-    EXPECT_EQ(entryTexts({leadingSwipeActions(*list, email(2))}), (QStringList{u"Unread"_s, u"Unstar"_s}));
-    EXPECT_EQ(entryTexts({trailingSwipeActions(*list, email(1))}), (QStringList{u"Delete"_s, u"Archive"_s}));
+    EXPECT_EQ(entryTexts({emailRowActions(*list, email(1)).leading}), (QStringList{u"Read"_s, u"Star"_s}));
+    EXPECT_EQ(entryTexts({emailRowActions(*list, email(2)).leading}), (QStringList{u"Unread"_s, u"Unstar"_s}));
+    EXPECT_EQ(entryTexts({emailRowActions(*list, email(1)).trailing}), (QStringList{u"Delete"_s, u"Archive"_s}));
 }
 
 TEST_F(EmailListActionsTest, DragOneRowOrTheSelection) {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "mail/MenuEntry.h"
+#include "ui/MenuEntry.h"
 
 #include <QStringList>
 #include <stdexcept>

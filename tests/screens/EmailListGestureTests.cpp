@@ -1,7 +1,7 @@
 #include "mail/screens/EmailRowDelegate.h"
-#include "mail/screens/SwipeTrack.h"
 #include "screens/ListScreenFixture.h"
 #include "ui/screens/EmptyStateView.h"
+#include "ui/screens/SwipeTrack.h"
 
 #include <QContextMenuEvent>
 #include <QMenu>

@@ -1,4 +1,4 @@
-#include "mail/screens/RowColors.h"
+#include "ui/screens/RowColors.h"
 
 #include "ui/Themes.h"
 

@@ -1,8 +1,8 @@
 #include "mail/screens/EmailListToolbar.h"
 
 #include "mail/EmailListMenus.h"
-#include "mail/screens/EntryMenu.h"
 #include "ui/screens/Buttons.h"
+#include "ui/screens/EntryMenu.h"
 #include "ui/screens/Spinner.h"
 
 #include <QHBoxLayout>

@@ -7,14 +7,11 @@
 #include "mail/screens/EmailListSheets.h"
 #include "mail/screens/EmailListStatusBar.h"
 #include "mail/screens/EmailRowDelegate.h"
-#include "mail/screens/EmailRowSwipes.h"
 #include "mail/screens/EmailRowsView.h"
-#include "mail/screens/EntryMenu.h"
 #include "mail/screens/PullToRefresh.h"
 #include "ui/screens/EmptyStateView.h"
 #include "ui/screens/SkeletonView.h"
 
-#include <QMenu>
 #include <QScrollBar>
 #include <QStackedWidget>
 #include <QVBoxLayout>
@@ -52,7 +49,10 @@ QListView *EmailListView::list() const {
 void EmailListView::setUpList() {
     m_list->setModel(&m_state->rows);
     connectList();
-    new EmailRowSwipes(m_state, m_list);
+    m_list->offerActions([state = m_state](const QModelIndex &index) {
+        const auto email = state->email(state->rows.row(index.row()).uid);
+        return email ? emailRowActions(*state, *email) : RowActions();
+    });
     for (const auto *pull : {new PullToRefresh(m_list->viewport(), m_list->verticalScrollBar()),
                              new PullToRefresh(m_placeholder, nullptr)})
         connect(pull, &PullToRefresh::pulled, m_state.get(), &EmailListState::reload);
@@ -66,7 +66,6 @@ void EmailListView::connectList() {
     connect(m_list, &EmailRowsView::openRequested, this, &EmailListView::openCurrent);
     connect(m_list, &EmailRowsView::pageMessageRequested, this, &EmailListView::pageMessageRequested);
     connect(m_list, &EmailRowsView::deleteRequested, actions.get(), &EmailListActions::deleteSelected);
-    connect(m_list, &EmailRowsView::menuRequested, this, &EmailListView::showMenu);
     connect(m_list, &EmailRowsView::dragRequested, this, &EmailListView::drag);
     connect(m_list, &EmailRowsView::starPressed, this, [this, actions](const QModelIndex &index) {
         if (const auto email = m_state->email(m_state->rows.row(index.row()).uid))
@@ -103,16 +102,6 @@ void EmailListView::openCurrent() {
     const auto &selected = m_state->viewModel->selectedEmails.get();
     if (selected.size() == 1)
         m_state->openInWindow(*selected.begin());
-}
-
-void EmailListView::showMenu(const QModelIndex &index, const QPoint &globalPosition) {
-    const auto email = m_state->email(m_state->rows.row(index.row()).uid);
-    if (!email)
-        return;
-    auto *menu = makeEntryMenu(emailRowMenu(*m_state, *email), this);
-    m_list->markMenuRow(index);
-    connect(menu, &QMenu::aboutToHide, m_list, [this] { m_list->markMenuRow({}); });
-    menu->popup(globalPosition);
 }
 
 void EmailListView::drag(const QModelIndex &index) {

@@ -42,7 +42,6 @@ private:
     std::set<qint64> highlightedUIDs() const;
     void takeSelection();
     void openCurrent();
-    void showMenu(const QModelIndex &index, const QPoint &globalPosition);
     void drag(const QModelIndex &index);
     void publishActions();
 

@@ -2,12 +2,10 @@
 
 #include "mail/EmailListModel.h"
 #include "mail/screens/FaviconAvatarView.h"
-#include "mail/screens/RowColors.h"
 #include "ui/SystemColors.h"
 #include "ui/screens/AppStyle.h"
 #include "ui/screens/Fonts.h"
-#include "ui/screens/StyleItems.h"
-#include "ui/screens/StyleShapes.h"
+#include "ui/screens/RowColors.h"
 #include "ui/screens/Symbols.h"
 
 #include <QPainter>
@@ -16,13 +14,11 @@
 namespace {
 
 constexpr int leastRowHeight = 92;
-constexpr int margin = 12;
 constexpr int dotSize = 9;
 constexpr int avatarSize = 32;
 constexpr int starSize = 16;
 constexpr int markSize = 13;
 constexpr int previewLines = 2;
-constexpr qreal frameRadius = 8;
 
 const EmailRow &rowAt(const QModelIndex &index) {
     return static_cast<const EmailListModel *>(index.model())->row(index.row());
@@ -43,13 +39,6 @@ struct RowFonts {
     static constexpr int gap = 2;
     QFont name, subject, preview;
 };
-
-void drawLine(QPainter *painter, const QRect &place, const QFont &font, const QColor &color, const QString &text) {
-    painter->setFont(font);
-    painter->setPen(color);
-    painter->drawText(place, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine,
-                      QFontMetrics(font).elidedText(text, Qt::ElideRight, place.width()));
-}
 
 /// Draws the text in as many lines as there is room for, the last one cut off with an ellipsis.
 void drawPreview(QPainter *painter, const QRect &place, const QFont &font, const QColor &color, const QString &text) {
@@ -76,21 +65,6 @@ void drawPreview(QPainter *painter, const QRect &place, const QFont &font, const
     layout.endLayout();
 }
 
-void paintFrame(QPainter *painter, const QStyleOptionViewItem &option, const RowColors &colors) {
-    const auto &theme = AppStyle::theme();
-    const QRectF frame = QRectF(option.rect).adjusted(6, 1, -6, -2);
-    const bool isSelected = option.state & QStyle::State_Selected;
-    if (isSelected || (option.state & QStyle::State_MouseOver)) {
-        fillRounded(painter, frame, frameRadius, colors.background);
-    } else {
-        painter->setPen(theme.borderLight);
-        const auto y = option.rect.bottom();
-        painter->drawLine(option.rect.left() + margin, y, option.rect.right() - margin, y);
-    }
-    if (isSelected)
-        paintSelectionMark(painter, frame, theme);
-}
-
 /// Draws date, paperclip and star at the end of the first line; returns where the name must end.
 int paintTrailingMarks(QPainter *painter, const QRect &line, const EmailRow &row, const RowColors &colors) {
     const auto font = themeFont(TextStyle::caption);
@@ -109,55 +83,42 @@ int paintTrailingMarks(QPainter *painter, const QRect &line, const EmailRow &row
     return right - 8;
 }
 
-void paintTexts(QPainter *painter, const QRect &frame, const EmailRow &row, const RowColors &colors) {
+void paintTexts(QPainter *painter, const QRect &place, const EmailRow &row, const RowColors &colors) {
     const RowFonts fonts(row.isUnread);
-    auto y = frame.top() + (frame.height() - fonts.height()) / 2;
-    QRect line(frame.left(), y, frame.width(), fonts.nameHeight());
+    auto y = place.top() + (place.height() - fonts.height()) / 2;
+    QRect line(place.left(), y, place.width(), fonts.nameHeight());
     line.setRight(paintTrailingMarks(painter, line, row, colors));
     drawLine(painter, line, fonts.name, colors.text, row.name);
     y += fonts.nameHeight() + RowFonts::gap;
-    drawLine(painter, {frame.left(), y, frame.width(), fonts.subjectHeight()}, fonts.subject, colors.text, row.subject);
+    drawLine(painter, {place.left(), y, place.width(), fonts.subjectHeight()}, fonts.subject, colors.text, row.subject);
     y += fonts.subjectHeight() + RowFonts::gap;
-    drawPreview(painter, {frame.left(), y, frame.width(), fonts.previewHeight()}, fonts.preview, colors.secondary,
+    drawPreview(painter, {place.left(), y, place.width(), fonts.previewHeight()}, fonts.preview, colors.secondary,
                 row.preview);
 }
 
 } // namespace
 
 QSize EmailRowDelegate::sizeHint(const QStyleOptionViewItem &, const QModelIndex &) const {
-    return {200, std::max(leastRowHeight, RowFonts(true).height() + 2 * margin)};
+    return {200, std::max(leastRowHeight, RowFonts(true).height() + 2 * rowMargin)};
 }
 
 QRect EmailRowDelegate::starRect(const QRect &row) {
-    return {row.left(), row.top(), margin + starSize + 4, margin + avatarSize + margin};
+    return {row.left(), row.top(), rowMargin + starSize + 4, rowMargin + avatarSize + rowMargin};
 }
 
-void EmailRowDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const {
+void EmailRowDelegate::paintContent(QPainter *painter, const QRect &place, const QModelIndex &index,
+                                    const RowColors &colors) const {
     const auto &row = rowAt(index);
-    const RowColors colors(option.state, AppStyle::theme());
-    const SmoothPainter smooth(painter);
-    if (index == slidRow)
-        painter->translate(slide, 0);
-    paintFrame(painter, option, colors);
-    auto frame = option.rect.adjusted(margin, 0, -margin - 4, 0);
-    frame.setLeft(paintLeading(painter, frame, row, colors));
-    paintTexts(painter, frame, row, colors);
-    if (showsRing(option, index))
-        paintFocusRing(painter, QRectF(option.rect).adjusted(6, 1, -6, -2), frameRadius, AppStyle::theme());
-}
-
-/// The keyboard's place must be seen where no selection shows it.
-bool EmailRowDelegate::showsRing(const QStyleOptionViewItem &option, const QModelIndex &index) const {
-    const bool isSelected = option.state & QStyle::State_Selected;
-    const bool isFocused = option.state & QStyle::State_HasFocus;
-    return index == menuRow || showsFocusRing(option) || (isFocused && !isSelected);
+    auto texts = place;
+    texts.setLeft(paintLeading(painter, place, row, colors));
+    paintTexts(painter, texts, row, colors);
 }
 
 /// Draws star, dot and picture; returns where the texts begin.
-int EmailRowDelegate::paintLeading(QPainter *painter, const QRect &frame, const EmailRow &row,
+int EmailRowDelegate::paintLeading(QPainter *painter, const QRect &place, const EmailRow &row,
                                    const RowColors &colors) const {
-    auto x = frame.left();
-    const auto middle = frame.top() + margin + avatarSize / 2;
+    auto x = place.left();
+    const auto middle = place.top() + rowMargin + avatarSize / 2;
     if (showsStars) {
         paintSymbol(painter, row.isFlagged ? QStringLiteral("star.fill") : QStringLiteral("star"),
                     QRectF(x, middle - starSize / 2, starSize, starSize),

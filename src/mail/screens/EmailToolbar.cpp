@@ -1,7 +1,7 @@
 #include "mail/screens/EmailToolbar.h"
 
-#include "mail/screens/EntryMenu.h"
 #include "ui/screens/Buttons.h"
+#include "ui/screens/EntryMenu.h"
 #include "ui/screens/Spinner.h"
 
 #include <QHBoxLayout>

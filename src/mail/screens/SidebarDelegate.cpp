@@ -1,9 +1,9 @@
 #include "mail/screens/SidebarDelegate.h"
 
 #include "mail/SidebarModel.h"
-#include "mail/screens/RowColors.h"
 #include "ui/screens/AppStyle.h"
 #include "ui/screens/Fonts.h"
+#include "ui/screens/RowColors.h"
 #include "ui/screens/StyleItems.h"
 #include "ui/screens/StyleShapes.h"
 #include "ui/screens/Symbols.h"

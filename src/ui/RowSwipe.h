@@ -1,19 +1,23 @@
 #pragma once
 
+#include <cstddef>
+
 /// The side of a row that a swipe lays open.
 enum class SwipeEdge { none, leading, trailing };
 
 /// How far a row is pushed aside and what that means. Lengths are in pixels.
 class RowSwipe {
 public:
-    /// The room of one action in an open track, and how many there are.
+    /// The room of one action in an open track.
     static constexpr double actionWidth = 76;
-    static constexpr int actionCount = 2;
-    static constexpr double trackWidth = actionWidth * actionCount;
     /// The part of the row's width from which on a swipe does the first action by itself.
     static constexpr double fullSwipePart = 0.55;
 
     enum class End { closed, open, performed };
+
+    RowSwipe() = default;
+    /// How many actions lie behind the row's edges; at an edge without any it cannot be pushed.
+    RowSwipe(std::size_t leadingActions, std::size_t trailingActions);
 
     /// A gesture over a row of this width goes on by `distance`, to the right above 0.
     void push(double distance, double rowWidth);
@@ -28,6 +32,9 @@ public:
     bool isFull() const;
 
 private:
+    double trackWidth(SwipeEdge edge) const;
+
+    double m_leadingWidth = 0, m_trailingWidth = 0;
     double m_offset = 0;
     double m_rowWidth = 0;
 };

@@ -1,13 +1,13 @@
-#include "mail/screens/EmailRowSwipes.h"
+#include "ui/screens/RowSwipes.h"
 
-#include "mail/EmailListMenus.h"
-#include "mail/screens/EmailRowDelegate.h"
-#include "mail/screens/EmailRowsView.h"
-#include "mail/screens/SwipeTrack.h"
+#include "ui/screens/RowDelegate.h"
+#include "ui/screens/RowsView.h"
+#include "ui/screens/SwipeTrack.h"
 
 #include <QScrollBar>
 #include <QWheelEvent>
 #include <cmath>
+#include <utility>
 
 namespace {
 
@@ -26,35 +26,47 @@ bool isSideways(const QWheelEvent &event) {
 
 } // namespace
 
-EmailRowSwipes::EmailRowSwipes(std::shared_ptr<EmailListState> state, EmailRowsView *rows)
+RowSwipes::RowSwipes(RowsView *rows)
     : QObject(rows)
-    , m_state(std::move(state))
     , m_rows(rows)
     , m_track(new SwipeTrack(rows->viewport())) {
     m_slide.setDuration(slideLength);
     m_slide.setEasingCurve(QEasingCurve::OutCubic);
     connect(&m_slide, &QVariantAnimation::valueChanged, this, [this](const QVariant &at) { show(at.toDouble()); });
-    connect(m_track, &SwipeTrack::actionChosen, this, &EmailRowSwipes::perform);
-    connect(m_track, &SwipeTrack::closeRequested, this, &EmailRowSwipes::close);
-    connect(rows, &EmailRowsView::swipeRequested, this, &EmailRowSwipes::open);
-    connect(rows->verticalScrollBar(), &QScrollBar::valueChanged, this, &EmailRowSwipes::close);
+    connect(m_track, &SwipeTrack::actionChosen, this, &RowSwipes::perform);
+    connect(m_track, &SwipeTrack::closeRequested, this, &RowSwipes::close);
+    connect(rows, &RowsView::swipeRequested, this, &RowSwipes::open);
+    connect(rows->verticalScrollBar(), &QScrollBar::valueChanged, this, &RowSwipes::close);
     for (const auto signal : {&QAbstractItemModel::rowsInserted, &QAbstractItemModel::rowsRemoved})
-        connect(rows->model(), signal, this, &EmailRowSwipes::close);
+        connect(rows->model(), signal, this, &RowSwipes::close);
     rows->viewport()->installEventFilter(this);
 }
 
-bool EmailRowSwipes::eventFilter(QObject *watched, QEvent *event) {
-    if (event->type() == QEvent::Wheel)
+bool RowSwipes::eventFilter(QObject *watched, QEvent *event) {
+    switch (event->type()) {
+    case QEvent::Wheel:
         return takeWheel(*static_cast<QWheelEvent *>(event));
-    const bool isPress = event->type() == QEvent::MouseButtonPress;
-    if ((isPress || event->type() == QEvent::Resize) && isOpen()) {
+    case QEvent::MouseButtonPress:
+        return takePress();
+    case QEvent::MouseButtonRelease:
+        return std::exchange(m_awaitsRelease, false);
+    case QEvent::Resize:
         close();
-        return isPress;
+        break;
+    default:
+        break;
     }
     return QObject::eventFilter(watched, event);
 }
 
-bool EmailRowSwipes::takeWheel(const QWheelEvent &event) {
+/// A press beside the open track closes it and does nothing else.
+bool RowSwipes::takePress() {
+    m_awaitsRelease = isOpen();
+    close();
+    return m_awaitsRelease;
+}
+
+bool RowSwipes::takeWheel(const QWheelEvent &event) {
     if (event.phase() == Qt::ScrollBegin || event.phase() == Qt::ScrollEnd)
         m_isAbandoned = false;
     if (event.phase() == Qt::ScrollEnd && m_isPushing) {
@@ -76,11 +88,11 @@ bool EmailRowSwipes::takeWheel(const QWheelEvent &event) {
     return true;
 }
 
-void EmailRowSwipes::forgetAbandonedPushLater() {
+void RowSwipes::forgetAbandonedPushLater() {
     m_pause = Clock::shared().after(pauseLength, [this] { m_isAbandoned = false; });
 }
 
-void EmailRowSwipes::push(const QModelIndex &index, double distance) {
+void RowSwipes::push(const QModelIndex &index, double distance) {
     if (m_row != index)
         begin(index);
     m_isPushing = true;
@@ -90,25 +102,23 @@ void EmailRowSwipes::push(const QModelIndex &index, double distance) {
     show(m_swipe.offset());
 }
 
-void EmailRowSwipes::begin(const QModelIndex &index) {
+void RowSwipes::begin(const QModelIndex &index) {
     close();
     m_row = index;
+    m_actions = m_rows->actionsOf(index);
+    m_swipe = RowSwipe(m_actions.leading.size(), m_actions.trailing.size());
 }
 
 /// The track has the actions of the edge that lies open.
-void EmailRowSwipes::prepareTrack() {
+void RowSwipes::prepareTrack() {
     const auto edge = m_swipe.edge();
-    const auto email = m_state->email(m_row.data(EmailListModel::UIDRole).toLongLong());
     if (edge == SwipeEdge::none || (edge == m_track->edge() && m_track->isVisible()))
         return;
-    if (!email)
-        return m_track->setActions(edge, {});
-    m_track->setAccessibleName(m_row.data(EmailListModel::SubjectRole).toString());
-    m_track->setActions(edge, edge == SwipeEdge::leading ? leadingSwipeActions(*m_state, *email)
-                                                         : trailingSwipeActions(*m_state, *email));
+    m_track->setAccessibleName(m_row.data().toString());
+    m_track->setActions(edge, edge == SwipeEdge::leading ? m_actions.leading : m_actions.trailing);
 }
 
-void EmailRowSwipes::release() {
+void RowSwipes::release() {
     m_pause.reset();
     m_isPushing = false;
     const auto from = m_swipe.offset();
@@ -119,25 +129,27 @@ void EmailRowSwipes::release() {
     slideTo(m_swipe.offset());
 }
 
-void EmailRowSwipes::open(const QModelIndex &index, SwipeEdge edge) {
+void RowSwipes::open(const QModelIndex &index, SwipeEdge edge) {
     if (!index.isValid())
         return;
     begin(index);
-    m_rows->scrollTo(index);
     m_swipe.open(edge);
+    if (m_swipe.edge() == SwipeEdge::none)
+        return close();
+    m_rows->scrollTo(index);
     prepareTrack();
     show(m_swipe.offset());
     m_track->focusFirst();
 }
 
-void EmailRowSwipes::perform(std::size_t number) {
+void RowSwipes::perform(std::size_t number) {
     const auto actions = m_track->actions();
     close();
     if (number < actions.size())
         actions[number].perform();
 }
 
-void EmailRowSwipes::close() {
+void RowSwipes::close() {
     if (!isOpen())
         return;
     m_pause.reset();
@@ -155,12 +167,12 @@ void EmailRowSwipes::close() {
     m_row = QPersistentModelIndex();
 }
 
-void EmailRowSwipes::slideTo(double offset) {
+void RowSwipes::slideTo(double offset) {
     m_slide.setEndValue(offset);
     m_slide.start();
 }
 
-void EmailRowSwipes::show(double offset) {
+void RowSwipes::show(double offset) {
     auto *delegate = m_rows->rowDelegate();
     delegate->slidRow = m_row;
     delegate->slide = qRound(offset);

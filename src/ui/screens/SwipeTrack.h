@@ -1,7 +1,7 @@
 #pragma once
 
-#include "mail/MenuEntry.h"
-#include "mail/RowSwipe.h"
+#include "ui/MenuEntry.h"
+#include "ui/RowSwipe.h"
 
 #include <QAbstractButton>
 

@@ -1,21 +1,22 @@
 #pragma once
 
-#include "mail/EmailListState.h"
-#include "mail/RowSwipe.h"
+#include "platform/Clock.h"
+#include "ui/RowActions.h"
+#include "ui/RowSwipe.h"
 
 #include <QPersistentModelIndex>
 #include <QVariantAnimation>
 
-class EmailRowsView;
 class QWheelEvent;
+class RowsView;
 class SwipeTrack;
 
 /// Lays a row's actions open when it is pushed aside by touch pad, sideways wheel or the arrow keys, and does the first
 /// one when it is pushed all the way.
-class EmailRowSwipes final : public QObject {
+class RowSwipes final : public QObject {
     Q_OBJECT
 public:
-    EmailRowSwipes(std::shared_ptr<EmailListState> state, EmailRowsView *rows);
+    explicit RowSwipes(RowsView *rows);
 
     /// Opens the track and puts the keyboard on its first action.
     void open(const QModelIndex &index, SwipeEdge edge);
@@ -25,6 +26,7 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
+    bool takePress();
     bool takeWheel(const QWheelEvent &event);
     void push(const QModelIndex &index, double distance);
     void release();
@@ -36,15 +38,17 @@ private:
     void show(double offset);
     bool isOpen() const { return m_row.isValid(); }
 
-    std::shared_ptr<EmailListState> m_state;
-    EmailRowsView *m_rows;
+    RowsView *m_rows;
     SwipeTrack *m_track;
     RowSwipe m_swipe;
     QPersistentModelIndex m_row;
+    RowActions m_actions;
     QVariantAnimation m_slide;
     /// Wheels that do not say when a gesture ends are given up after a pause.
     ScheduledWorkPtr m_pause;
     bool m_isPushing = false;
     /// The list has changed in the middle of a push.
     bool m_isAbandoned = false;
+    /// The press that closed the track is still to be released.
+    bool m_awaitsRelease = false;
 };

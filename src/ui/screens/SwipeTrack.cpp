@@ -1,4 +1,4 @@
-#include "mail/screens/SwipeTrack.h"
+#include "ui/screens/SwipeTrack.h"
 
 #include "ui/Contrast.h"
 #include "ui/SystemColors.h"

@@ -1,4 +1,4 @@
-#include "mail/screens/EntryMenu.h"
+#include "ui/screens/EntryMenu.h"
 
 #include "ui/screens/ButtonRole.h"
 #include "ui/screens/Buttons.h"

@@ -1,4 +1,4 @@
-#include "mail/RowSwipe.h"
+#include "ui/RowSwipe.h"
 
 #include "support/CoreTest.h"
 
@@ -12,6 +12,7 @@ struct Swipe {
     std::vector<double> pushes;
     End end;
     double offset;
+    std::size_t leading = 2, trailing = 2;
 };
 
 class Swipes : public testing::TestWithParam<Swipe> {};
@@ -27,12 +28,18 @@ const Swipe swipes[] = {
     {"Across", {100, -250}, End::open, -152},
     {"NeverBeyondTheRow", {900, -325}, End::closed, 0},
     {"Nothing", {}, End::closed, 0},
+    {"OneAction", {-39}, End::open, -76, 0, 1},
+    {"TimidOverOneAction", {-37}, End::closed, 0, 0, 1},
+    {"FullOverOneAction", {-221}, End::performed, 0, 0, 1},
+    {"WhereNoActionsAre", {300}, End::closed, 0, 0, 1},
+    {"FromWhereNoActionsAre", {300, -39}, End::open, -76, 0, 1},
+    {"WithoutActions", {300, -900}, End::closed, 0, 0, 0},
 };
 
 } // namespace
 
 TEST_P(Swipes, EndLikeThis) {
-    RowSwipe swipe;
+    RowSwipe swipe(GetParam().leading, GetParam().trailing);
     for (const auto distance : GetParam().pushes)
         swipe.push(distance, 400);
     EXPECT_EQ(swipe.release(), GetParam().end);
@@ -42,7 +49,7 @@ TEST_P(Swipes, EndLikeThis) {
 INSTANTIATE_TEST_SUITE_P(, Swipes, testing::ValuesIn(swipes), rowName);
 
 TEST(RowSwipeTest, GoesOnFromAnOpenTrack) {
-    RowSwipe swipe;
+    RowSwipe swipe(2, 2);
     swipe.open(SwipeEdge::trailing);
     EXPECT_EQ(swipe.edge(), SwipeEdge::trailing);
     swipe.push(-69, 400);
@@ -53,7 +60,7 @@ TEST(RowSwipeTest, GoesOnFromAnOpenTrack) {
 }
 
 TEST(RowSwipeTest, NeedsMoreThanTheTrackInANarrowRow) {
-    RowSwipe swipe;
+    RowSwipe swipe(2, 2);
     swipe.push(152, 200);
     EXPECT_FALSE(swipe.isFull());
     swipe.push(1, 200);
