@@ -3,9 +3,9 @@
 #include <algorithm>
 
 #include "demo/MailText.h"
-#include "demo/mime/HeaderEncoding.h"
+#include "mime/HeaderEncoding.h"
 #include "demo/mime/MessageBuilder.h"
-#include "demo/mime/TransferEncoding.h"
+#include "mime/TransferEncoding.h"
 
 namespace {
 struct WrittenMessage {

@@ -1,6 +1,6 @@
 #include "demo/Notice.h"
 
-#include "demo/mime/TransferEncoding.h"
+#include "mime/TransferEncoding.h"
 
 MessageBuilder startNotice(const Mailbag &bag, const Notice &notice) {
     const std::string identity =

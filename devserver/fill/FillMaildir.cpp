@@ -1,6 +1,6 @@
 #include "fill/FillMaildir.h"
 
-#include "demo/mime/TransferEncoding.h"
+#include "mime/TransferEncoding.h"
 #include "maildir/MaildirTree.h"
 
 #include <array>

@@ -2,6 +2,7 @@
 
 #include "accounts/Secrets.h"
 #include "mime/HTMLText.h"
+#include "mime/HeaderEncoding.h"
 #include "mime/MIMEPart.h"
 #include "mime/TextDecoding.h"
 #include "send/InlineImages.h"
@@ -24,6 +25,13 @@ MIMEType readType(const std::string &text) {
     if (!isUsable || foldCase(parts[1]) == "message" || foldCase(parts[1]) == "multipart")
         return {"application", "octet-stream"};
     return {parts[1], parts[2]};
+}
+
+/// As it stands: the library's own encoded words and parameters are longer than receivers have to read.
+void setHeader(GMimeObject *object, const char *name, const std::string &value) {
+    g_mime_object_set_header(object, name, "", nullptr);
+    GMimeHeader *header = g_mime_header_list_get_header(g_mime_object_get_header_list(object), name);
+    g_mime_header_set_raw_value(header, (" " + value + "\n").c_str());
 }
 
 Object makePart(const MIMEType &type, const std::string &bytes, GMimeContentEncoding encoding) {
@@ -53,11 +61,13 @@ Object textPart(const char *subtype, const std::string &text) {
     return part;
 }
 
-Object filePart(const OutgoingFile &file, const char *disposition) {
-    const auto name = singleLine(file.name);
-    auto part = makePart(readType(file.contentType), file.bytes, GMIME_CONTENT_ENCODING_BASE64);
-    g_mime_object_set_disposition(part.get(), disposition);
-    g_mime_part_set_filename(GMIME_PART(part.get()), name.empty() ? "attachment" : name.c_str());
+Object filePart(const OutgoingFile &file, const std::string &disposition) {
+    const auto wish = singleLine(file.name);
+    const auto name = wish.empty() ? "attachment" : wish;
+    const auto type = readType(file.contentType);
+    auto part = makePart(type, file.bytes, GMIME_CONTENT_ENCODING_BASE64);
+    setHeader(part.get(), "Content-Type", type.type + "/" + type.subtype + HeaderEncoding::parameter("name", name));
+    setHeader(part.get(), "Content-Disposition", disposition + HeaderEncoding::parameter("filename", name));
     return part;
 }
 
@@ -96,26 +106,23 @@ Object bodyPart(const OutgoingMessage &outgoing) {
     return multipart("mixed", std::move(all));
 }
 
-void addAddresses(InternetAddressList *list, const std::vector<MessageAddress> &addresses) {
-    for (const auto &[name, address] : addresses) {
-        const auto *shown = name.empty() ? nullptr : name.c_str();
-        const GMimeOwner mailbox(internet_address_mailbox_new(shown, address.c_str()));
-        internet_address_set_charset(mailbox.get(), "utf-8");
-        internet_address_list_add(list, mailbox.get());
-    }
+void setAddresses(GMimeObject *message, const char *name, const std::vector<MessageAddress> &addresses) {
+    std::string list;
+    for (const auto &[shown, address] : addresses)
+        list += (list.empty() ? "" : ",\n ") + HeaderEncoding::address(shown, address);
+    if (!list.empty())
+        setHeader(message, name, list);
 }
 
-void addHeaders(GMimeMessage *message, const OutgoingMessage &outgoing) {
+void addHeaders(GMimeObject *message, const OutgoingMessage &outgoing) {
     const auto domain = outgoing.from.address.substr(outgoing.from.address.rfind('@') + 1);
-    addAddresses(g_mime_message_get_addresses(message, GMIME_ADDRESS_TYPE_FROM), {outgoing.from});
-    addAddresses(g_mime_message_get_addresses(message, GMIME_ADDRESS_TYPE_REPLY_TO), outgoing.replyTo);
-    addAddresses(g_mime_message_get_addresses(message, GMIME_ADDRESS_TYPE_TO), outgoing.to);
-    addAddresses(g_mime_message_get_addresses(message, GMIME_ADDRESS_TYPE_CC), outgoing.cc);
-    g_mime_message_set_subject(message, singleLine(outgoing.subject).c_str(), "utf-8");
-    g_mime_message_set_message_id(message, (randomHex(16) + "@" + domain).c_str());
-    GDateTime *now = g_date_time_new_now_local();
-    g_mime_message_set_date(message, now);
-    g_date_time_unref(now);
+    setHeader(message, "Date", HeaderEncoding::date(std::chrono::system_clock::now(), 0));
+    setHeader(message, "Message-ID", "<" + randomHex(16) + "@" + domain + ">");
+    setAddresses(message, "From", {outgoing.from});
+    setAddresses(message, "Reply-To", outgoing.replyTo);
+    setAddresses(message, "To", outgoing.to);
+    setAddresses(message, "Cc", outgoing.cc);
+    setHeader(message, "Subject", HeaderEncoding::text(singleLine(outgoing.subject)));
 }
 
 std::string wireBytes(GMimeMessage *message) {
@@ -130,8 +137,8 @@ std::string wireBytes(GMimeMessage *message) {
 } // namespace
 
 std::string composeMessage(const OutgoingMessage &outgoing) {
-    const MIMEMessage message(g_mime_message_new(TRUE));
-    addHeaders(message.get(), outgoing);
+    const MIMEMessage message(g_mime_message_new(FALSE));
+    addHeaders(GMIME_OBJECT(message.get()), outgoing);
     const auto body = bodyPart(outgoing);
     g_mime_message_set_mime_part(message.get(), body.get());
     return wireBytes(message.get());

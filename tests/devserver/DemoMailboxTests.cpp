@@ -14,7 +14,7 @@
 
 #include "demo/DemoMailbox.h"
 #include "demo/files/SamplePictures.h"
-#include "demo/mime/HeaderEncoding.h"
+#include "mime/HeaderEncoding.h"
 
 namespace {
 namespace fs = std::filesystem;

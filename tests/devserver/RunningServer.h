@@ -1,6 +1,6 @@
 #pragma once
 
-#include <sys/types.h>
+#include "RunningProgram.h"
 
 #include <filesystem>
 #include <string>
@@ -25,23 +25,14 @@ class RunningServer {
 public:
     /// Returns once the program listens; fails when it ends before.
     explicit RunningServer(const std::vector<std::string> &arguments);
-    ~RunningServer();
-    RunningServer(const RunningServer &) = delete;
-    RunningServer &operator=(const RunningServer &) = delete;
 
     /// "http://127.0.0.1:1234"
     const std::string &address() const { return m_address; }
 
-    /// As a crash or power cut would; returns when the process is gone.
-    void kill();
-    /// As a polite stop; returns the exit status.
-    int terminate();
+    void kill() { m_program.kill(); }
+    int terminate() { return m_program.terminate(); }
 
 private:
-    std::string readLine() const;
-    int wait();
-
-    pid_t m_process = -1;
-    int m_output = -1;
+    RunningProgram m_program;
     std::string m_address;
 };

@@ -22,6 +22,7 @@ void ServerTest::start(const std::vector<std::string> &furtherArguments) {
     m_client->enable_server_certificate_verification(false);
     m_client->set_tcp_nodelay(true);
     m_client->set_keep_alive(true);
+    m_client->set_read_timeout(60);
 }
 
 void ServerTest::signIn(const std::string &name, const std::string &password) {
@@ -76,11 +77,11 @@ std::vector<std::int64_t> ServerTest::listedUIDs(const std::string &query) {
     return uids;
 }
 
-std::vector<std::string> ServerTest::files() const {
+std::vector<std::string> ServerTest::filesOf(const fs::path &maildir) {
     std::vector<std::string> files;
-    for (const auto &entry : fs::recursive_directory_iterator(m_maildir)) {
+    for (const auto &entry : fs::recursive_directory_iterator(maildir)) {
         if (entry.is_regular_file())
-            files.push_back(fs::relative(entry.path(), m_maildir));
+            files.push_back(fs::relative(entry.path(), maildir));
     }
     std::sort(files.begin(), files.end());
     return files;

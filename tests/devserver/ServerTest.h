@@ -33,7 +33,8 @@ protected:
 
     std::vector<std::int64_t> listedUIDs(const std::string &query);
     /// All message file names of the Maildir below their folders, sorted: "cur/1.x:2,S", ".Trash/cur/...".
-    std::vector<std::string> files() const;
+    std::vector<std::string> files() const { return filesOf(m_maildir); }
+    static std::vector<std::string> filesOf(const std::filesystem::path &maildir);
     std::unique_ptr<EventReader> openEvents() const {
         return std::make_unique<EventReader>(m_server->address(), m_cookie);
     }

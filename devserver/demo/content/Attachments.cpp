@@ -2,8 +2,8 @@
 #include "demo/content/DemoThemes.h"
 #include "demo/files/SampleFiles.h"
 #include "demo/files/SamplePictures.h"
-#include "demo/mime/HeaderEncoding.h"
-#include "demo/mime/TransferEncoding.h"
+#include "mime/HeaderEncoding.h"
+#include "mime/TransferEncoding.h"
 
 namespace {
 DemoPart letter(const std::string &text, std::vector<DemoPart> files) {

@@ -1,6 +1,6 @@
 #include "demo/Notice.h"
 #include "demo/content/DemoThemes.h"
-#include "demo/mime/HeaderEncoding.h"
+#include "mime/HeaderEncoding.h"
 
 // Mail that somebody's program got wrong. "X-Demo-Case" names the fault.
 

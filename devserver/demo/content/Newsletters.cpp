@@ -3,7 +3,7 @@
 #include "demo/MailText.h"
 #include "demo/content/DemoThemes.h"
 #include "demo/mime/MessageBuilder.h"
-#include "demo/mime/TransferEncoding.h"
+#include "mime/TransferEncoding.h"
 
 namespace {
 std::string plainVersion(const NewsletterIssue &issue) {

@@ -1,7 +1,7 @@
 #include "demo/mime/DemoPart.h"
 
-#include "demo/mime/HeaderEncoding.h"
-#include "demo/mime/TransferEncoding.h"
+#include "mime/HeaderEncoding.h"
+#include "mime/TransferEncoding.h"
 
 namespace {
 std::string encodingName(PartEncoding encoding) {

@@ -1,6 +1,6 @@
 #include "demo/mime/MessageBuilder.h"
 
-#include "demo/mime/HeaderEncoding.h"
+#include "mime/HeaderEncoding.h"
 
 MessageBuilder &MessageBuilder::charset(std::string charset) {
     m_charset = std::move(charset);

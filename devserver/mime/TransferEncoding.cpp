@@ -1,4 +1,4 @@
-#include "demo/mime/TransferEncoding.h"
+#include "mime/TransferEncoding.h"
 
 #include <cstdint>
 #include <iconv.h>

@@ -1,4 +1,4 @@
-#include "demo/mime/HeaderEncoding.h"
+#include "mime/HeaderEncoding.h"
 
 #include <algorithm>
 #include <array>
@@ -7,15 +7,26 @@
 #include <ctime>
 #include <vector>
 
-#include "demo/mime/TransferEncoding.h"
+#include "mime/TransferEncoding.h"
 
 namespace {
 // An encoded word may have 75 characters; half of that in characters of UTF-8 is safe in every character set used.
 constexpr size_t encodedWordInput = 30;
 constexpr size_t parameterChunk = 54;
+// Lines are folded at blanks only, and what is longer than this would make one too long.
+constexpr size_t longestPlainWord = 60;
 
 bool isASCII(std::string_view text) {
     return std::all_of(text.begin(), text.end(), [](unsigned char c) { return c >= 32 && c < 127; });
+}
+
+bool canStandPlain(std::string_view text) {
+    size_t word = 0, longest = 0;
+    for (const char c : text) {
+        word = c == ' ' ? 0 : word + 1;
+        longest = std::max(longest, word);
+    }
+    return isASCII(text) && longest <= longestPlainWord && text.find("=?") == std::string_view::npos;
 }
 
 bool continuesCharacter(char c) {
@@ -70,8 +81,10 @@ std::string percentEncoded(std::string_view bytes) {
 } // namespace
 
 std::string HeaderEncoding::text(std::string_view utf8, const std::string &charset) {
-    if (isASCII(utf8))
-        return folded(utf8);
+    return canStandPlain(utf8) ? folded(utf8) : encodedWords(utf8, charset);
+}
+
+std::string HeaderEncoding::encodedWords(std::string_view utf8, const std::string &charset) {
     std::string out;
     for (const std::string_view chunk : chunks(utf8, encodedWordInput)) {
         out += out.empty() ? "" : "\n ";
@@ -84,8 +97,8 @@ std::string HeaderEncoding::address(std::string_view name, std::string_view addr
     const std::string bracketed = "<" + std::string(address) + ">";
     if (name.empty())
         return std::string(address);
-    if (!isASCII(name))
-        return text(name, charset) + " " + bracketed;
+    if (!canStandPlain(name) || name.size() > longestPlainWord)
+        return encodedWords(name, charset) + " " + bracketed;
     const bool special = name.find_first_of("()<>[]:;@\\,.\"") != std::string_view::npos;
     return (special ? quoted(name) : std::string(name)) + " " + bracketed;
 }
