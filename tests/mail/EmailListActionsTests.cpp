@@ -51,7 +51,7 @@ struct RowAction {
     QByteArray path, body;
 };
 
-class RowActions : public EmailListActionsTest, public testing::WithParamInterface<RowAction> {};
+class RowActionTests : public EmailListActionsTest, public testing::WithParamInterface<RowAction> {};
 
 const RowAction rowActions[] = {
     {"Delete",
@@ -195,14 +195,14 @@ const Writing writings[] = {{"Reply", u"Reply"_s, false, false},
 
 } // namespace
 
-TEST_P(RowActions, AskTheServer) {
+TEST_P(RowActionTests, AskTheServer) {
     auto &request = expectPost(GetParam().path);
     entryNamed(menu(GetParam().uid), GetParam().entry).perform();
     settle();
     EXPECT_EQ(parseJSON(request.request().body), parseJSON(GetParam().body));
 }
 
-INSTANTIATE_TEST_SUITE_P(, RowActions, testing::ValuesIn(rowActions), rowName);
+INSTANTIATE_TEST_SUITE_P(, RowActionTests, testing::ValuesIn(rowActions), rowName);
 
 TEST_P(MenuActions, ActOnTheSelection) {
     list->setSelection(GetParam().selection);

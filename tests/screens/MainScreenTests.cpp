@@ -241,3 +241,16 @@ TEST_F(WholeScreen, NamesEverythingThatTakesTheFocus) {
     settle();
     EXPECT_EQ(namelessControls(*view), QStringList());
 }
+
+TEST_F(WholeScreen, KeyboardComesBackToTheMailFromASection) {
+    server.expect("GET", "/api/contacts").json(R"({"contacts": []})");
+    open();
+    ASSERT_TRUE(messages()->hasFocus());
+    state->navigationDestination = AppDestination::contacts;
+    settle();
+    EXPECT_FALSE(messages());
+    state->navigationDestination = std::nullopt;
+    settle();
+    ASSERT_TRUE(messages());
+    EXPECT_TRUE(messages()->hasFocus()) << accessibleName(*QApplication::focusWidget()).toStdString();
+}

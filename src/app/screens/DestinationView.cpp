@@ -1,5 +1,7 @@
 #include "app/screens/DestinationView.h"
 
+#include "rules/screens/ContactListView.h"
+#include "rules/screens/TemplateListView.h"
 #include "ui/screens/EmptyStateView.h"
 
 #include <QVBoxLayout>
@@ -17,7 +19,7 @@ constexpr Section sections[] = {{"gearshape", "Settings"},
                                 {"bubble.left.and.bubble.right", "Chat"},
                                 {"line.3.horizontal.decrease.circle", "Filters"},
                                 {"nosign", "Blocked"},
-                                {"doc.text", "Templates"},
+                                {"doc.text", "Quick Reply Templates"},
                                 {"person.crop.rectangle", "Contacts"},
                                 {"sparkles", "AI Assistant"},
                                 {"sparkles", "AI Auto-Reply"},
@@ -25,17 +27,59 @@ constexpr Section sections[] = {{"gearshape", "Settings"},
                                 {"folder", "Folder Management"},
                                 {"folder", "Folder Sharing"}};
 
+SectionPage *makeMissingSection(AppDestination destination) {
+    const auto &section = sections[static_cast<int>(destination)];
+    const auto title = QString::fromLatin1(section.title);
+    auto *page = new SectionPage(title);
+    page->column()->addWidget(new EmptyStateView(
+        {QString::fromLatin1(section.symbol), title,
+         DestinationView::tr(
+             "This section is not part of this version yet. Choose a folder to go back to your mail.")}));
+    return page;
+}
+
+SectionPage *makeSection(AppDestination destination) {
+    switch (destination) {
+    case AppDestination::templates:
+        return new TemplateListView(TemplateListState::make());
+    case AppDestination::contacts:
+        return new ContactListView(ContactListState::make());
+    default:
+        return makeMissingSection(destination);
+    }
+}
+
 } // namespace
 
-DestinationView::DestinationView(QWidget *parent)
+DestinationView::DestinationView(std::shared_ptr<AppState> appState, QWidget *parent)
     : QWidget(parent)
-    , m_content(new EmptyStateView) {
-    auto *layout = new QVBoxLayout(this);
-    layout->addWidget(m_content);
+    , m_appState(std::move(appState))
+    , m_layout(new QVBoxLayout(this)) {
+    m_layout->setContentsMargins(0, 0, 0, 0);
+    observe(m_appState.get(), this, &DestinationView::render);
+}
+
+void DestinationView::render() {
+    const auto destination = m_appState->navigationDestination.get();
+    if (std::exchange(m_shown, destination) == destination)
+        return;
+    leaveSection();
+    if (destination)
+        showSection(*destination);
 }
 
 void DestinationView::showSection(AppDestination destination) {
-    const auto &section = sections[static_cast<int>(destination)];
-    m_content->setTexts({QString::fromLatin1(section.symbol), QString::fromLatin1(section.title),
-                         tr("This section is not part of this version yet. Choose a folder to go back to your mail.")});
+    m_section = makeSection(destination);
+    m_layout->addWidget(m_section);
+    connect(m_section, &SectionPage::backRequested, m_appState.get(),
+            [this] { m_appState->navigationDestination = std::nullopt; });
+}
+
+void DestinationView::leaveSection() {
+    if (!m_section)
+        return;
+    // On the way back to the mail it stays until the page goes, which takes the keyboard along to the mail.
+    m_section->setVisible(!m_shown);
+    m_section->deleteLater();
+    m_section = nullptr;
 }

@@ -4,16 +4,22 @@
 
 #include <QWidget>
 
-class EmptyStateView;
+class QVBoxLayout;
+class SectionPage;
 
-/// A section in place of the mail view, under its title.
+/// The section in place of the mail view. Each section is made when it is opened and is gone when it is left.
 class DestinationView final : public QWidget {
     Q_OBJECT
 public:
-    explicit DestinationView(QWidget *parent = nullptr);
-
-    void showSection(AppDestination destination);
+    explicit DestinationView(std::shared_ptr<AppState> appState, QWidget *parent = nullptr);
 
 private:
-    EmptyStateView *m_content;
+    void render();
+    void showSection(AppDestination destination);
+    void leaveSection();
+
+    std::shared_ptr<AppState> m_appState;
+    QVBoxLayout *m_layout;
+    std::optional<AppDestination> m_shown;
+    SectionPage *m_section = nullptr;
 };

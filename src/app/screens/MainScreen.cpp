@@ -31,7 +31,7 @@ MainScreen::MainScreen(std::shared_ptr<AppState> appState, FocusedActions &actio
     , m_detailState(EmailDetailState::make(m_appState))
     , m_sidebar(new SidebarView(m_appState, m_state))
     , m_content(new QStackedWidget)
-    , m_destination(new DestinationView)
+    , m_destination(new DestinationView(m_appState))
     , m_toasts(new ToastPresenter(this)) {
     m_mailView = makeMailView();
     m_content->addWidget(m_mailView);
@@ -70,10 +70,8 @@ QWidget *MainScreen::makeMailView() {
 }
 
 void MainScreen::render() {
-    const auto destination = m_appState->navigationDestination.get();
-    if (destination)
-        m_destination->showSection(*destination);
-    m_content->setCurrentWidget(destination ? static_cast<QWidget *>(m_destination) : m_mailView);
+    const bool showsMail = !m_appState->navigationDestination.get();
+    m_content->setCurrentWidget(showsMail ? m_mailView : static_cast<QWidget *>(m_destination));
     m_toasts->setToast(m_state->toast);
     renderMail();
 }

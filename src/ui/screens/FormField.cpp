@@ -5,13 +5,17 @@
 #include <QLineEdit>
 #include <QVBoxLayout>
 
+ThemeLabel *makeFieldLabel(const QString &label, QWidget *field) {
+    auto *title = new ThemeLabel(label, TextStyle::footnote, TextRole::secondary);
+    title->setTextStyle(TextStyle::footnote, QFont::Medium);
+    title->setBuddy(field);
+    field->setAccessibleName(label);
+    return title;
+}
+
 FormField::FormField(const QString &label, const QString &prompt, Kind kind, QWidget *parent)
     : QWidget(parent)
     , m_lineEdit(new QLineEdit) {
-    auto *title = new ThemeLabel(label, TextStyle::footnote, TextRole::secondary);
-    title->setTextStyle(TextStyle::footnote, QFont::Medium);
-    title->setBuddy(m_lineEdit);
-    m_lineEdit->setAccessibleName(label);
     m_lineEdit->setPlaceholderText(prompt);
     if (kind == Kind::secure)
         m_lineEdit->setEchoMode(QLineEdit::Password);
@@ -19,7 +23,7 @@ FormField::FormField(const QString &label, const QString &prompt, Kind kind, QWi
     auto *column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(6);
-    column->addWidget(title);
+    column->addWidget(makeFieldLabel(label, m_lineEdit));
     column->addWidget(m_lineEdit);
     setFocusProxy(m_lineEdit);
 

@@ -3,6 +3,10 @@
 #include <QWidget>
 
 class QLineEdit;
+class ThemeLabel;
+
+/// The label over a field, which also names it to screen readers.
+ThemeLabel *makeFieldLabel(const QString &label, QWidget *field);
 
 /// A label with a box for one line of text below it.
 class FormField : public QWidget {
