@@ -17,7 +17,8 @@ is dana@corvanite.example.
 
   --port N                 listen there (default 8143; 0 takes a free port)
   --tls                    HTTPS with a self-signed certificate, kept in the state folder
-  --maildir DIR            serve this Maildir++ tree to the first account; only flags and moves change it
+  --maildir DIR            serve this Maildir++ tree to the first account; only flags, moves and mail that is
+                           sent or delivered change it
   --state DIR              keep accounts, indexes and other mail there
                            (default $XDG_STATE_HOME/corvanite-devserver)
   --account NAME:PASSWORD  an account; may be given again
