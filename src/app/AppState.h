@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/SharedItems.h"
 #include "app/User.h"
 #include "compose/ComposeRequest.h"
 #include "compose/SendOutcomes.h"
@@ -39,14 +40,6 @@ struct IncomingChatMessage {
     QDateTime timestamp;
 
     bool operator==(const IncomingChatMessage &) const = default;
-};
-
-struct SharedAttachment {
-    QString filename;
-    QByteArray data;
-    QString contentType;
-
-    bool operator==(const SharedAttachment &) const = default;
 };
 
 struct PendingEmail {

@@ -20,12 +20,19 @@ public:
     void handleReopen();
     void didBecomeActive();
     void wokeFromSleep();
+    /// A `mailto:` link, or one of the program's own.
+    void handleOpenURL(const QString &url);
+    /// Begins a message with what a companion process has left for one.
+    void loadSharedItems();
     /// Hands to `AppState` what arrived before it was there.
     void deliverPending();
 
 private:
     void reconnect();
     void refreshMail();
+    void openMailto(const QString &url);
+    void compose(const SharedItems &items);
 
+    bool m_isLoadingSharedItems = false;
     ScheduledWorkPtr m_emailPollTimer;
 };

@@ -18,6 +18,8 @@ MainScreenState::MainScreenState(std::shared_ptr<AppState> appState)
 
 void MainScreenState::start() {
     connect(m_appState.get(), &ObservableObject::changed, this, &MainScreenState::answerRequests);
+    connect(&m_appState->sendOutcomes, &ObservableObject::changed, this, &ObservableObject::scheduleChange);
+    connect(&m_appState->sendOutcomes, &SendOutcomes::messageSent, this, &MainScreenState::confirmSent);
     m_appState->sseClient.onEvent = [weak = weak_from_this()](const QString &name, const QJsonObject &data) {
         if (const auto self = weak.lock()) {
             self->m_appState->handleEvent(name, data);
@@ -31,6 +33,7 @@ void MainScreenState::start() {
 void MainScreenState::close() {
     m_isClosed = true;
     m_appState->disconnect(this);
+    m_appState->sendOutcomes.disconnect(this);
     m_appState->sseClient.onEvent = {};
 }
 
@@ -100,7 +103,6 @@ void MainScreenState::answerRequests() {
     answerPendingEmail();
     answerPendingChat();
     answerShortcut();
-    answerCompose();
 }
 
 void MainScreenState::answerNavigation() {
@@ -142,9 +144,7 @@ void MainScreenState::answerShortcut() {
     m_appState->pendingShortcutAction = std::nullopt;
     switch (*action) {
     case QuickActionType::compose:
-        m_appState->composePresentationID = QUuid::createUuid();
-        m_appState->showCompose = true;
-        return;
+        return m_appState->presentCompose();
     case QuickActionType::inbox:
         m_appState->navigateToFolder = u"INBOX"_s;
         return;
@@ -154,11 +154,28 @@ void MainScreenState::answerShortcut() {
     }
 }
 
-void MainScreenState::answerCompose() {
-    if (!m_appState->showCompose)
+std::vector<UnsentNotice> MainScreenState::unsentNotices() const {
+    std::vector<UnsentNotice> notices;
+    for (const auto &message : m_appState->sendOutcomes.unsent(m_appState->account()))
+        notices.push_back({message.id, u"“"_s + message.subject + u"” was not sent: "_s + message.error});
+    return notices;
+}
+
+void MainScreenState::openUnsent(const QUuid &id) {
+    if (m_appState->showCompose)
         return;
-    m_appState->showCompose = false;
-    toast = ToastMessage(u"Writing mail is not part of this version yet"_s, ToastType::info);
+    m_appState->composeUnsent = m_appState->sendOutcomes.take(id);
+    if (m_appState->composeUnsent.get())
+        m_appState->presentCompose();
+}
+
+void MainScreenState::dismissUnsent(const QUuid &id) {
+    m_appState->sendOutcomes.take(id);
+}
+
+void MainScreenState::confirmSent(const QString &account) {
+    if (account == m_appState->account())
+        toast = ToastMessage(u"Message sent"_s, ToastType::success);
 }
 
 void MainScreenState::handleEvent(const QString &name, const QJsonObject &data) {

@@ -5,6 +5,14 @@
 #include "platform/Tasks.h"
 #include "ui/ToastMessage.h"
 
+/// Tells of a message that could not be sent, and whose screen has gone.
+struct UnsentNotice {
+    QUuid id;
+    QString text;
+
+    bool operator==(const UnsentNotice &) const = default;
+};
+
 /// The state of the main screen: the folder list and the folder on show. It answers the requests that other parts leave
 /// in `AppState`, and the live events that concern folders.
 class MainScreenState : public ObservableObject, public std::enable_shared_from_this<MainScreenState> {
@@ -16,6 +24,13 @@ public:
     Published<std::optional<QString>> selectedFolderPath{this};
 
     Published<std::optional<ToastMessage>> toast{this};
+
+    /// Oldest first.
+    std::vector<UnsentNotice> unsentNotices() const;
+    /// Opens the compose screen with the message, unless there is one already.
+    void openUnsent(const QUuid &id);
+    /// Drops the message.
+    void dismissUnsent(const QUuid &id);
 
     /// The screen is gone: requests and events are no longer answered here, and what still runs changes nothing more.
     void close();
@@ -38,7 +53,7 @@ private:
     void answerPendingEmail();
     void answerPendingChat();
     void answerShortcut();
-    void answerCompose();
+    void confirmSent(const QString &account);
     void handleEvent(const QString &name, const QJsonObject &data);
     void handleFolders(const QJsonObject &data);
     void handleMailboxState(const QJsonObject &data);

@@ -15,10 +15,9 @@ constexpr qint64 pieceSize = 1 << 20;
 void openRegularFile(QFile &file, const QString &path) {
     // Not blocking, for a pipe without a writer.
     const int descriptor = ::open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY);
-    if (descriptor < 0 || !file.open(descriptor, QIODevice::ReadOnly | QIODevice::Unbuffered, QFile::AutoCloseHandle))
-        throw Error(qt_error_string());
     struct stat status {};
-    if (::fstat(descriptor, &status) != 0)
+    if (descriptor < 0 || !file.open(descriptor, QIODevice::ReadOnly | QIODevice::Unbuffered, QFile::AutoCloseHandle) ||
+        ::fstat(descriptor, &status) != 0)
         throw Error(qt_error_string());
     if (S_ISDIR(status.st_mode))
         throw Error(qt_error_string(EISDIR));

@@ -157,6 +157,8 @@ TEST_F(JSONRecordTest, writesBytesAsOneBase64Text) {
     }
 }
 
+namespace {
+
 struct AwkwardText {
     const char *name;
     QString text;
@@ -172,12 +174,14 @@ const AwkwardText awkwardTexts[] = {
     {"LineSeparators", u"a\u2028b\u2029"_s,
      "\"a\xe2\x80\xa8"
      "b\xe2\x80\xa9\""},
-    {"Nul", QString(u"a\0b", 3), R"("a\u0000b")"},
+    {"Nul", u"a\0b"_s, R"("a\u0000b")"},
     {"LoneSurrogates", QString() + QChar(0xd83d) + u'a' + QChar(0xdc00), R"("\ud83da\udc00")"},
     {"Emoji", u"\U0001f469\u200d\U0001f4bb"_s, "\"\xf0\x9f\x91\xa9\xe2\x80\x8d\xf0\x9f\x92\xbb\""},
     {"Markup", u"<p class=\"x\">&amp;</p>"_s, R"("<p class=\"x\">&amp;</p>")"},
     {"Nothing", QString(), "\"\""},
 };
+
+} // namespace
 
 TEST_P(AwkwardTexts, AreWrittenWhole) {
     EXPECT_EQ(encodeJSONText(GetParam().text), GetParam().json);

@@ -1,0 +1,193 @@
+#include "app/MainScreenState.h"
+#include "compose/ComposeFixture.h"
+#include "mail/MailAnswers.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class UnsentMessages : public ComposeFixture {
+protected:
+    void SetUp() override {
+        server.expect("GET", "/api/folders").answer(500).anyNumberOfTimes();
+        server.expect("GET", "/api/emails/notification-state?folder=INBOX").answer(500).anyNumberOfTimes();
+        server.expect("POST", "/api/auth/logout").json("{}").anyNumberOfTimes();
+        signIn();
+        mainScreen = MainScreenState::make(state);
+    }
+    void TearDown() override {
+        settle();
+        mainScreen.reset();
+        ComposeFixture::TearDown();
+    }
+
+    void write() {
+        open();
+        address();
+        message().cc = u"c@c"_s;
+        message().showCc = true;
+        message().addAttachment(u"a.txt"_s, "1", u"text/plain"_s);
+        screen->editorChanged(u"<p>text</p>"_s);
+    }
+    /// As the screen does when the person closes it.
+    void closeScreen() {
+        screen->close();
+        state->showCompose = false;
+    }
+    FakeExchange &beginSend() {
+        auto &exchange = expectSend().held();
+        launch(screen->send());
+        exchange.request();
+        return exchange;
+    }
+    void fail(FakeExchange &exchange) {
+        const QByteArray answer = R"({"message": "Full"})";
+        exchange.sendHead(507, "application/json", "Content-Length: " + QByteArray::number(answer.size()) + "\r\n");
+        exchange.send(answer);
+        settle();
+    }
+    void succeed(FakeExchange &exchange) {
+        exchange.sendHead(200, "application/json", "Content-Length: 0\r\n");
+        settle();
+    }
+    void loseOne() {
+        write();
+        auto &exchange = beginSend();
+        closeScreen();
+        fail(exchange);
+    }
+    QStringList notices() const {
+        QStringList texts;
+        for (const auto &notice : mainScreen->unsentNotices())
+            texts.append(notice.text);
+        return texts;
+    }
+    QUuid firstNotice() const { return mainScreen->unsentNotices().at(0).id; }
+    QString toastText() const { return mainScreen->toast->value_or(ToastMessage()).message; }
+
+    const QStringList oneNotice{u"“S” was not sent: Full"_s};
+    std::shared_ptr<MainScreenState> mainScreen;
+};
+
+} // namespace
+
+TEST_F(UnsentMessages, ASendOnScreenClosesItOrSaysWhyNot) {
+    write();
+    int dismissals = 0;
+    QObject::connect(screen.get(), &ComposeState::dismissed, screen.get(), [&] { ++dismissals; });
+    fail(beginSend());
+    EXPECT_EQ(dismissals, 0);
+    EXPECT_EQ(error(), u"Full"_s);
+    succeed(beginSend());
+    EXPECT_EQ(dismissals, 1);
+    EXPECT_EQ(notices(), QStringList());
+    EXPECT_EQ(toastText(), u""_s);
+}
+
+TEST_F(UnsentMessages, ASuccessAfterTheScreenHasGoneIsToldByAToast) {
+    write();
+    auto &exchange = beginSend();
+    closeScreen();
+    screen.reset();
+    succeed(exchange);
+    EXPECT_EQ(toastText(), u"Message sent"_s);
+    EXPECT_EQ(mainScreen->toast->value().type, ToastType::success);
+    EXPECT_EQ(notices(), QStringList());
+}
+
+TEST_F(UnsentMessages, AFailureAfterTheScreenHasGoneKeepsTheMessage) {
+    loseOne();
+    screen.reset();
+    EXPECT_EQ(notices(), oneNotice);
+    mainScreen->openUnsent(firstNotice());
+    EXPECT_TRUE(state->showCompose);
+    EXPECT_EQ(notices(), QStringList());
+
+    expectContacts().answer(500);
+    screen = ComposeState::make(state);
+    screen->start();
+    settle();
+    EXPECT_EQ(screen->initialEditorContent.get(), u"<p>text</p>"_s);
+    EXPECT_EQ(message().cc.get(), u"c@c"_s);
+    EXPECT_TRUE(message().showCc);
+    EXPECT_EQ(error(), u"Full"_s);
+    auto &again = expectSend().json("{}");
+    await(screen->send());
+    EXPECT_EQ(again.request().body, R"({"to":"b@c","subject":"S","body":"<p>text</p>","cc":"c@c","attachments":[)"
+                                    R"({"name":"a.txt","data":"MQ==","type":"text/plain"}],"from_email":"me@a"})");
+}
+
+TEST_F(UnsentMessages, CanBeDismissed) {
+    loseOne();
+    mainScreen->dismissUnsent(firstNotice());
+    settle();
+    EXPECT_EQ(notices(), QStringList());
+    EXPECT_FALSE(state->showCompose);
+}
+
+TEST_F(UnsentMessages, DoNotPushAsideAMessageThatIsBeingWritten) {
+    loseOne();
+    open();
+    const auto presented = state->composePresentationID.get();
+    mainScreen->openUnsent(firstNotice());
+    EXPECT_EQ(state->composePresentationID.get(), presented);
+    EXPECT_EQ(notices(), oneNotice);
+}
+
+TEST_F(UnsentMessages, AreShownToTheirOwnAccountOnly) {
+    loseOne();
+    await(state->signOut());
+    EXPECT_EQ(notices(), QStringList());
+    beginSession(R"({"_id": "u2", "username": "other"})");
+    EXPECT_EQ(notices(), QStringList());
+    await(state->signOut());
+    signIn();
+    EXPECT_EQ(notices(), oneNotice);
+}
+
+TEST_F(UnsentMessages, AnOutcomeAfterSigningOutIsForTheAccountThatSent) {
+    for (const bool isSent : {true, false}) {
+        signIn();
+        write();
+        auto &exchange = beginSend();
+        closeScreen();
+        await(state->signOut());
+        state->didSignIn({._id = u"u2"_s});
+        isSent ? succeed(exchange) : fail(exchange);
+        EXPECT_EQ(notices(), QStringList());
+        EXPECT_EQ(toastText(), u""_s);
+    }
+    signIn();
+    EXPECT_EQ(notices(), oneNotice);
+}
+
+TEST_F(UnsentMessages, SigningOutDropsWhatWasAboutToBeWritten) {
+    state->composeReplyTo = answeredLetter();
+    state->sharedBody = u"private"_s;
+    state->mailtoSubject = u"private"_s;
+    state->sharedAttachments = {{u"a"_s, "1", u"t"_s}};
+    state->presentCompose();
+    await(state->signOut());
+    EXPECT_FALSE(state->showCompose);
+    EXPECT_EQ(state->composeReplyTo.get(), std::nullopt);
+    EXPECT_TRUE(state->sharedAttachments->empty());
+    EXPECT_EQ(state->sharedBody.get() + state->mailtoSubject.get(), u""_s);
+}
+
+TEST_F(UnsentMessages, ASecondSendHasNoOutcome) {
+    write();
+    auto &exchange = beginSend();
+    launch(screen->send());
+    closeScreen();
+    launch(screen->send());
+    fail(exchange);
+    EXPECT_EQ(notices(), oneNotice);
+}
+
+TEST_F(UnsentMessages, NothingIsSentFromAScreenThatHasGone) {
+    write();
+    closeScreen();
+    await(screen->send());
+    server.assertSilence();
+    EXPECT_EQ(notices(), QStringList());
+}
