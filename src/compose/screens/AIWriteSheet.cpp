@@ -21,7 +21,8 @@ AIWriteSheet::AIWriteSheet(std::shared_ptr<ComposeState> state, QWidget *parent)
     , m_prompt(new QPlainTextEdit(m_state->aiPrompt))
     , m_generating(new ThemeLabel(tr("Generating..."), TextStyle::body, TextRole::secondary))
     , m_error(new ErrorBanner)
-    , m_generate(addButton(tr("Generate"), ButtonRole::primary)) {
+    , m_generate(addButton(tr("Generate"), ButtonRole::primary))
+    , m_formerError(m_state->viewModel->errorMessage) {
     setAttribute(Qt::WA_DeleteOnClose);
     resize(preferredSize);
     auto *words = new ThemeLabel(tr("Describe what you want to write"), TextStyle::subheadline, TextRole::secondary);
@@ -48,5 +49,6 @@ void AIWriteSheet::render() {
         return accept();
     m_generate->setEnabled(m_state->canGenerate());
     m_generating->setVisible(m_state->isAILoading);
-    m_error->setError(m_state->viewModel->errorMessage);
+    const auto &error = m_state->viewModel->errorMessage.get();
+    m_error->setError(error == m_formerError ? std::nullopt : error);
 }

@@ -21,4 +21,6 @@ private:
     ThemeLabel *m_generating;
     ErrorBanner *m_error;
     QPushButton *m_generate;
+    /// Has nothing to do with this sheet.
+    const std::optional<QString> m_formerError;
 };

@@ -85,10 +85,9 @@ bool ComposeFields::eventFilter(QObject *watched, QEvent *event) {
 }
 
 QWidget *ComposeFields::firstEmptyField() const {
-    for (auto *field : {m_to, m_subject})
-        if (field->text().isEmpty())
-            return field;
-    return nullptr;
+    if (m_state->viewModel->to->isEmpty())
+        return m_to;
+    return m_state->viewModel->subject->isEmpty() ? m_subject : nullptr;
 }
 
 void ComposeFields::showCc() {

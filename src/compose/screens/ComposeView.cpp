@@ -14,6 +14,7 @@
 #include "ui/screens/ClampedLabel.h"
 #include "ui/screens/ErrorBanner.h"
 
+#include <QDir>
 #include <QDropEvent>
 #include <QFileDialog>
 #include <QMimeData>
@@ -149,7 +150,7 @@ void ComposeView::renderSheets() {
 }
 
 void ComposeView::showAttachmentPicker() {
-    auto *picker = new QFileDialog(this, tr("Attach Files"));
+    auto *picker = new QFileDialog(this, tr("Attach Files"), QDir::homePath());
     picker->setAttribute(Qt::WA_DeleteOnClose);
     picker->setFileMode(QFileDialog::ExistingFiles);
     connect(picker, &QFileDialog::urlsSelected, m_state.get(), &ComposeState::attachFiles);

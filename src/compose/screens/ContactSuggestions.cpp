@@ -77,7 +77,8 @@ bool ContactSuggestions::takeKey(int key) {
 }
 
 void ContactSuggestions::move(int step) {
-    setCurrentRow((currentRow() + step + count()) % count());
+    const int first = step > 0 ? -1 : count();
+    setCurrentRow(((currentRow() < 0 ? first : currentRow()) + step + count()) % count());
     QAccessibleEvent event(this, QAccessible::Focus);
     event.setChild(currentRow());
     QAccessible::updateAccessibility(&event);
@@ -94,7 +95,8 @@ void ContactSuggestions::render() {
         clear();
         for (const auto &contact : m_shown)
             addItem(rowText(contact));
-        setCurrentRow(m_shown.empty() ? -1 : 0);
+        // A contact takes the place of all that was typed: none is taken unless the person walks there.
+        setCurrentRow(-1);
     }
     const bool isWanted = m_state->showSuggestions && m_field->hasFocus();
     if (isWanted)

@@ -27,7 +27,7 @@ struct Line {
 /// Those that have something to say.
 QList<Line> linesOf(const QModelIndex &index) {
     const auto &theme = AppStyle::theme();
-    QList<Line> lines{{index.data().toString(), themeFont(TextStyle::body, QFont::Medium), theme.text},
+    QList<Line> lines{{index.data().toString(), themeFont(TextStyle::body, QFont::DemiBold), theme.text},
                       {index.data(SubjectRole).toString(), themeFont(TextStyle::subheadline), theme.text},
                       {index.data(PreviewRole).toString(), themeFont(TextStyle::footnote), theme.textSecondary}};
     lines.removeIf([](const Line &line) { return line.text.isEmpty(); });
