@@ -69,6 +69,8 @@ public:
     void close();
 
 Q_SIGNALS:
+    /// What the message begins with stands in its fields.
+    void filled();
     /// The message is sent; the screen is to close.
     void dismissed();
 

@@ -20,6 +20,7 @@ QCoro::Task<> ComposeState::fill() {
     }
     connect(m_appState.get(), &ObservableObject::changed, this, &ComposeState::takeInSharedItems);
     takeInSharedItems();
+    Q_EMIT filled();
 }
 
 void ComposeState::fillFromRequest() {

@@ -1,6 +1,7 @@
 #include "app/screens/MainScreen.h"
 
 #include "app/screens/DestinationView.h"
+#include "app/screens/UnsentMessagesView.h"
 #include "mail/Folders.h"
 #include "mail/screens/EmailDetailView.h"
 #include "mail/screens/EmailHTMLView.h"
@@ -37,9 +38,11 @@ MainScreen::MainScreen(std::shared_ptr<AppState> appState, FocusedActions &actio
     m_content->addWidget(m_mailView);
     m_content->addWidget(m_destination);
     auto *split = new SidebarSplitView(m_sidebar, m_content);
-    auto *layout = new QHBoxLayout(this);
+    auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(split);
+    layout->setSpacing(0);
+    layout->addWidget(new UnsentMessagesView(m_state));
+    layout->addWidget(split, 1);
 
     connect(m_listState.get(), &EmailListState::emailWindowRequested, this, &MainScreen::emailWindowRequested);
     observe(m_appState.get(), this, &MainScreen::render);
