@@ -101,6 +101,7 @@ void EmailListState::startFolder() {
     // The first load shows what was signalled while another folder was on show.
     if (concerns(m_appState->emailsChangedInFolder))
         takeChangedFolder();
+    m_hasChanges = false;
     m_folderTask.start([this](std::stop_token stop) { return loadFolder(folder->path, std::move(stop)); });
 }
 
@@ -126,6 +127,7 @@ void EmailListState::close() {
     QObject::disconnect(&m_appState->sseClient, nullptr, this, nullptr);
     m_folderTask.cancel();
     m_searchTask.cancel();
+    m_hasChanges = false;
 }
 
 void EmailListState::reload() {
@@ -246,7 +248,14 @@ void EmailListState::answerChangedFolder() {
     if (std::exchange(m_signalledFolder, changedFolder) == changedFolder || !concerns(changedFolder))
         return;
     takeChangedFolder();
-    launch(viewModel->load(requestFolder(), 1, isFavorites()));
+    m_hasChanges = true;
+    loadChanges();
+}
+
+/// Not while messages are being removed: the page could count without them already, and they would be counted twice.
+void EmailListState::loadChanges() {
+    if (!viewModel->isRemoving() && std::exchange(m_hasChanges, false))
+        launch(viewModel->load(requestFolder(), 1, isFavorites()));
 }
 
 /// The same folder may be signalled again before the shared state has told of this.
@@ -275,5 +284,6 @@ void EmailListState::takeModelChange() {
     rows.setEmails(viewModel->emails, isSentFolder());
     // A reload takes rows that are gone out of the selection.
     followSelection();
+    loadChanges();
     scheduleChange();
 }

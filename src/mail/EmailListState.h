@@ -81,6 +81,7 @@ private:
     static QCoro::Task<> searchLater(std::weak_ptr<EmailListState> screen, std::stop_token stop);
     void answerChangedFolder();
     void takeChangedFolder();
+    void loadChanges();
     void answerReconnection();
     bool knowsCount() const;
     bool concerns(const std::optional<QString> &folderPath) const;
@@ -91,6 +92,8 @@ private:
     QString m_lastSearch;
     /// The folder that was signalled last, for whomever it was meant.
     std::optional<QString> m_signalledFolder;
+    /// The folder on show has changed and is still to be read again.
+    bool m_hasChanges = false;
     /// The event stream broke off: what happened since is not known.
     bool m_missedEvents = false;
     bool m_wasConnected = false;

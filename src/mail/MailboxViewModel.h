@@ -58,6 +58,9 @@ public:
     void markSeenLocally(qint64 uid);
     /// Takes rows and their selection away without asking the server; `totalEmails` stays.
     void removeRows(const std::set<qint64> &uids);
+    /// The server is being asked to take messages out of a folder: a page that it sends meanwhile may lack them
+    /// already, and they will still be taken off `totalEmails`.
+    bool isRemoving() const { return m_removals > 0; }
 
     QCoro::Task<> deleteOne(qint64 uid, QString folder, QString toFolder);
     QCoro::Task<> moveOne(qint64 uid, QString fromFolder, QString toFolder);
@@ -100,5 +103,8 @@ private:
     QCoro::Task<> bulkRemove(QCoro::Task<> change, QString folder, std::vector<qint64> uids);
     QCoro::Task<> bulkSet(QString folder, QString name, Flag flag, bool value);
 
+    class Removal;
+
     EmailService m_emailService;
+    int m_removals = 0;
 };

@@ -42,6 +42,23 @@ std::set<QString> blockPatterns(const std::vector<QString> &addresses, bool byDo
 
 } // namespace
 
+/// Counts as a running removal while it lives.
+class MailboxViewModel::Removal {
+public:
+    explicit Removal(MailboxViewModel &model)
+        : m_model(model) {
+        ++m_model.m_removals;
+    }
+    ~Removal() {
+        --m_model.m_removals;
+        m_model.scheduleChange();
+    }
+    Q_DISABLE_COPY_MOVE(Removal)
+
+private:
+    MailboxViewModel &m_model;
+};
+
 void MailboxViewModel::markSeenLocally(qint64 uid) {
     setLocally(loadedFolder, {uid}, &EmailSummary::seen, true);
 }
@@ -95,6 +112,7 @@ void MailboxViewModel::setLocally(const QString &folder, const std::vector<qint6
 
 QCoro::Task<> MailboxViewModel::deleteOne(qint64 uid, QString folder, QString toFolder) {
     const auto self = shared_from_this();
+    const Removal removal(*this);
     const bool done = co_await accepted(m_emailService.deleteEmail(uid, folder, false, toFolder));
     if (done)
         removeLocally(folder, {uid});
@@ -102,6 +120,7 @@ QCoro::Task<> MailboxViewModel::deleteOne(qint64 uid, QString folder, QString to
 
 QCoro::Task<> MailboxViewModel::moveOne(qint64 uid, QString fromFolder, QString toFolder) {
     const auto self = shared_from_this();
+    const Removal removal(*this);
     const bool done = co_await accepted(m_emailService.moveEmail(uid, fromFolder, toFolder));
     if (done)
         removeLocally(fromFolder, {uid});
@@ -136,6 +155,7 @@ QCoro::Task<> MailboxViewModel::bulkMove(QString fromFolder, QString toFolder) {
 
 QCoro::Task<> MailboxViewModel::bulkRemove(QCoro::Task<> change, QString folder, std::vector<qint64> uids) {
     const auto self = shared_from_this();
+    const Removal removal(*this);
     const bool done = co_await accepted(std::move(change));
     if (!done)
         co_return;
@@ -178,6 +198,7 @@ std::vector<QString> MailboxViewModel::selectedSenders() const {
 
 QCoro::Task<qint64> MailboxViewModel::blockSelected(QString folder, bool byDomain) {
     const auto self = shared_from_this();
+    const Removal removal(*this);
     // What was confirmed is deleted, whatever is selected by the time that the rules exist.
     const auto uids = selectedUIDs();
     qint64 added = 0;
@@ -196,6 +217,7 @@ QCoro::Task<qint64> MailboxViewModel::blockSelected(QString folder, bool byDomai
 
 QCoro::Task<std::optional<QString>> MailboxViewModel::blockOne(EmailSummary email, QString folder, bool byDomain) {
     const auto self = shared_from_this();
+    const Removal removal(*this);
     const auto address = email.senderAddress().toLower();
     const auto pattern = address.contains(u'@') ? blockPattern(address, byDomain) : std::nullopt;
     if (!pattern)

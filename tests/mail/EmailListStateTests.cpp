@@ -275,6 +275,22 @@ TEST_F(EmailListTest, ReloadsForTheFirstOfTwoFoldersThatChangeInOneTurn) {
     EXPECT_THAT(uids(), ElementsAre(2));
 }
 
+TEST_F(EmailListTest, CountsRemovedMessagesOnceWhenTheirFolderIsSignalledMeanwhile) {
+    open({1, 2, 3}, 160, 4);
+    server.expect("GET", "/api/emails/notification-state?folder=Work").answer(500);
+    auto &removal = server.expect("POST", "/api/emails/bulk-delete").held();
+    list->setSelection({1, 2});
+    list->perform(MacMailAction::delete_);
+    removal.request();
+    receive(u"emails_changed"_s, R"({"folder": "Work"})");
+    receive(u"emails_changed"_s, R"({"folder": "Work"})");
+    server.assertSilence();
+    expectPage("Work").json(pageJSON(emptyEmails({3}), 158, 4));
+    answerHeld(removal, "{}");
+    settle();
+    EXPECT_EQ(list->viewModel->totalEmails, 158);
+}
+
 TEST_F(EmailListTest, GoesOnHearingOfAFolderThatWasSignalledTwiceInOneTurn) {
     open({1});
     expectPage("Work").json(pageJSON(emptyEmails({2})));
