@@ -103,6 +103,7 @@ private:
     void forward();
     void present();
     QCoro::Task<> toggleFlag(QString name, std::optional<bool> EmailDetail::*flag);
+    void takeFlag(const QString &folder, const std::vector<qint64> &uids, const QString &name, bool value);
     QString moveTarget(MacMailAction action) const;
     QCoro::Task<> move(QString target);
     QCoro::Task<> blockSender(bool byDomain);

@@ -1,18 +1,30 @@
 #include "ai/AIService.h"
 #include "mail/EmailDetailState.h"
+#include "mail/FlagChanges.h"
 #include "platform/Tasks.h"
 #include "rules/BlockedService.h"
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
+const QString seen = u"seen"_s;
+const QString flagged = u"flagged"_s;
 const QString moveFailure = u"Could not move this message. Please try again."_s;
 
 /// The last piece of an address between its "@"s; empty when there is none.
 QString lastPiece(const QString &address) {
     const auto pieces = address.split(u'@', Qt::SkipEmptyParts);
     return pieces.isEmpty() ? QString() : pieces.last();
+}
+
+/// Null for a flag that no screen shows.
+std::optional<bool> EmailDetail::*flagNamed(const QString &name) {
+    if (name == seen)
+        return &EmailDetail::seen;
+    return name == flagged ? &EmailDetail::flagged : nullptr;
 }
 
 AISpamEmail spamCandidate(const EmailDetail &email) {
@@ -39,9 +51,9 @@ void EmailDetailState::perform(MacMailAction action) {
     case MacMailAction::junk:
         return launch(move(moveTarget(action)));
     case MacMailAction::toggleRead:
-        return launch(toggleFlag(u"seen"_s, &EmailDetail::seen));
+        return launch(toggleFlag(seen, &EmailDetail::seen));
     case MacMailAction::flag:
-        return launch(toggleFlag(u"flagged"_s, &EmailDetail::flagged));
+        return launch(toggleFlag(flagged, &EmailDetail::flagged));
     case MacMailAction::block:
         showBlockConfirmation = true;
         return;
@@ -95,8 +107,17 @@ QCoro::Task<> EmailDetailState::toggleFlag(QString name, std::optional<bool> Ema
     } catch (const std::exception &) {
         co_return;
     }
-    if (reference.get() == shown && viewModel->email.get())
-        viewModel->email.modify([=](std::optional<EmailDetail> &email) { (*email).*flag = wanted; });
+    // This screen hears of it like any other that shows the message.
+    Q_EMIT FlagChanges::shared().changed(shown.folder, {shown.uid}, name, wanted);
+}
+
+void EmailDetailState::takeFlag(const QString &folder, const std::vector<qint64> &uids, const QString &name,
+                                bool value) {
+    const auto shown = reference.get();
+    const auto flag = flagNamed(name);
+    if (!flag || !viewModel->email.get() || shown->folder != folder || !std::ranges::count(uids, shown->uid))
+        return;
+    viewModel->email.modify([=](std::optional<EmailDetail> &email) { (*email).*flag = value; });
 }
 
 QString EmailDetailState::moveTarget(MacMailAction action) const {

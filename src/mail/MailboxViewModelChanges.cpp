@@ -1,4 +1,5 @@
 #include "mail/BackgroundJobWatch.h"
+#include "mail/FlagChanges.h"
 #include "mail/MailboxViewModel.h"
 #include "platform/Tasks.h"
 #include "rules/BlockedService.h"
@@ -133,6 +134,8 @@ QCoro::Task<> MailboxViewModel::flagOne(qint64 uid, QString folder, QString flag
         setLocally(folder, {uid}, &EmailSummary::flagged, value);
     if (done && flag == "seen"_L1)
         setLocally(folder, {uid}, &EmailSummary::seen, value);
+    if (done)
+        Q_EMIT FlagChanges::shared().changed(folder, {uid}, flag, value);
 }
 
 std::vector<qint64> MailboxViewModel::selectedUIDs() const {
@@ -183,8 +186,10 @@ QCoro::Task<> MailboxViewModel::bulkSet(QString folder, QString name, Flag flag,
     if (uids.empty())
         co_return;
     const bool done = co_await accepted(m_emailService.bulkSetFlag(uids, folder, name, value));
-    if (done)
-        setLocally(folder, uids, flag, value);
+    if (!done)
+        co_return;
+    setLocally(folder, uids, flag, value);
+    Q_EMIT FlagChanges::shared().changed(folder, uids, name, value);
 }
 
 std::vector<QString> MailboxViewModel::selectedSenders() const {

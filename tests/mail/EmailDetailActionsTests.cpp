@@ -1,4 +1,5 @@
 #include "mail/EmailDetailFixture.h"
+#include "mail/MailboxViewModel.h"
 #include "mail/MenuFinder.h"
 
 #include <QSignalSpy>
@@ -433,4 +434,30 @@ TEST_F(EmailDetailActionsTest, SaveAttachmentsThroughWhoeverShowsThem) {
     screen->saveAllAttachments = [&] { ++saves; };
     screen->perform(MacMailAction::saveAttachments);
     EXPECT_EQ(saves, 1);
+}
+
+TEST_F(EmailDetailActionsTest, FlagIsSeenWhereverTheMessageIsOpen) {
+    openIn("INBOX", "");
+    const auto other = EmailDetailState::make(state), elsewhere = EmailDetailState::make(state);
+    const auto openElsewhere = [this](EmailDetailState &window, const QString &folder) {
+        server.expect("GET", "/api/emails/read/7?folder=" + folder.toUtf8()).json(R"({"uid": 7})");
+        window.show(EmailWindowRef{7, folder});
+        settle();
+    };
+    openElsewhere(*other, u"INBOX"_s);
+    openElsewhere(*elsewhere, u"Bad"_s);
+    expectPost("/api/emails/flag").answer(200);
+    other->perform(MacMailAction::flag);
+    settle();
+    EXPECT_TRUE(screen->isFlagged());
+    EXPECT_TRUE(other->isFlagged());
+    EXPECT_FALSE(elsewhere->isFlagged());
+
+    const auto list = std::make_shared<MailboxViewModel>();
+    list->loadedFolder = u"INBOX"_s;
+    list->selectedEmails = {7};
+    expectPost("/api/emails/bulk-flag").answer(200);
+    await(list->bulkMarkRead(u"INBOX"_s));
+    EXPECT_TRUE(screen->isSeen());
+    EXPECT_FALSE(elsewhere->isSeen());
 }

@@ -1,0 +1,6 @@
+#include "mail/FlagChanges.h"
+
+FlagChanges &FlagChanges::shared() {
+    static FlagChanges changes;
+    return changes;
+}
