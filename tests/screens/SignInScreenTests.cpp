@@ -89,6 +89,18 @@ TEST_F(SignInScreen, IsSentByReturnAndBusyUntilTheAnswer) {
     EXPECT_TRUE(named<QPushButton>(u"Sign In"_s)->isEnabled());
 }
 
+TEST_F(SignInScreen, KeepsTheFocusOnTheButtonThatFailed) {
+    server.expect("POST", "/api/auth/login").json(R"({"error": "Wrong password"})", 400);
+    type(u"Username or Email"_s, u"anna"_s);
+    type(u"Password"_s, u"wrong"_s);
+    auto *button = named<QPushButton>(u"Sign In"_s);
+    button->setFocus();
+    QTest::keyClick(button, Qt::Key_Return);
+    settle();
+    EXPECT_EQ(error(), u"Wrong password"_s);
+    EXPECT_TRUE(button->hasFocus());
+}
+
 TEST_F(SignInScreen, ShowsWhatIsWrongUntilTheFormIsSwitched) {
     EXPECT_EQ(error(), QString());
     press(u"Sign In"_s);

@@ -150,13 +150,23 @@ void LoginView::render() {
     m_submit->setText(registers ? (isBusy ? tr("Creating...") : tr("Create Account"))
                                 : (isBusy ? tr("Signing in...") : tr("Sign In")));
     m_submit->setAccessibleName(m_submit->text());
-    m_submit->setEnabled(!isBusy);
+    enableSubmit(!isBusy);
     m_error->setError(m_viewModel->errorMessage);
     m_question->setText(registers ? tr("Already have an account?") : tr("Don't have an account?"));
     m_switch->setText(registers ? tr("Sign in") : tr("Create one"));
     m_switch->setAccessibleName(m_switch->text());
     m_switchLine->setVisible(registers || m_viewModel->isRegistrationAllowed);
     renderFields();
+}
+
+/// The button has the focus again after a failure that it had before it was disabled.
+void LoginView::enableSubmit(bool isEnabled) {
+    if (isEnabled == m_submit->isEnabled())
+        return;
+    const bool hadFocus = m_submit->hasFocus();
+    m_submit->setEnabled(isEnabled);
+    if (std::exchange(m_submitHadFocus, hadFocus) && isEnabled)
+        m_submit->setFocus();
 }
 
 void LoginView::renderFields() {

@@ -28,6 +28,7 @@ private:
     void checkRegistrationStatus();
     void submit();
     void render();
+    void enableSubmit(bool isEnabled);
     void renderFields();
     /// Lets what is seen now fade out over what the other form will look like.
     void fadeToOtherForm();
@@ -43,4 +44,5 @@ private:
     QWidget *m_switchLine;
     LinkButton *m_switch;
     bool m_showsRegistration = false;
+    bool m_submitHadFocus = false;
 };
