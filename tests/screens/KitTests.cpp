@@ -4,6 +4,7 @@
 #include "ui/screens/AppStyle.h"
 #include "ui/screens/AvatarView.h"
 #include "ui/screens/Buttons.h"
+#include "ui/screens/ConfirmationSheet.h"
 #include "ui/screens/EmptyStateView.h"
 #include "ui/screens/ErrorBanner.h"
 #include "ui/screens/FlowLayout.h"
@@ -13,6 +14,7 @@
 #include "ui/screens/SearchBar.h"
 #include "ui/screens/Sheet.h"
 #include "ui/screens/SkeletonView.h"
+#include "ui/screens/StyleShapes.h"
 #include "ui/screens/Symbols.h"
 #include "ui/screens/ThemeLabel.h"
 #include "ui/screens/ThemePickerView.h"
@@ -22,6 +24,7 @@
 #include <QDir>
 #include <QLineEdit>
 #include <QSignalSpy>
+#include <QStyleOption>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -49,6 +52,21 @@ QColor inkOf(const QPixmap &pixmap) {
         }
     }
     return {};
+}
+
+TEST_F(KitTest, AQuestionShowsWhatReturnWouldAnswer) {
+    QWidget window;
+    showActive(window);
+    auto *sheet = new ConfirmationSheet(u"Really?"_s, {}, &window);
+    sheet->addChoice(u"Yes"_s, ButtonRole::destructive, sheet, [] {});
+    sheet->open();
+    ASSERT_TRUE(spinUntil([&] { return sheet->isActiveWindow(); }));
+    auto *focused = sheet->focusWidget();
+    ASSERT_TRUE(focused);
+    EXPECT_EQ(accessibleName(*focused), u"Cancel"_s);
+    QStyleOption option;
+    option.initFrom(focused);
+    EXPECT_TRUE(showsFocusRing(option));
 }
 
 TEST_F(KitTest, EverySymbolOfTheTableIsDrawnInItsColour) {

@@ -20,7 +20,15 @@ ConfirmationSheet::ConfirmationSheet(const QString &title, const QString &messag
         words->setMinimumHeight(words->heightForWidth(textWidth));
         column()->addWidget(words);
     }
-    connect(addButton(tr("Cancel")), &QPushButton::clicked, this, &QDialog::reject);
+    auto *cancel = addButton(tr("Cancel"));
+    connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
+    cancel->setFocus();
+}
+
+// What Return would do must be seen before it is pressed.
+void ConfirmationSheet::showEvent(QShowEvent *event) {
+    Sheet::showEvent(event);
+    setAttribute(Qt::WA_KeyboardFocusChange);
 }
 
 QPushButton *ConfirmationSheet::makeChoice(const QString &text, ButtonRole role) {

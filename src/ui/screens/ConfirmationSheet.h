@@ -16,6 +16,9 @@ public:
         connect(makeChoice(text, role), &QPushButton::clicked, context, std::move(action));
     }
 
+protected:
+    void showEvent(QShowEvent *event) override;
+
 private:
     QPushButton *makeChoice(const QString &text, ButtonRole role);
 };
