@@ -2,6 +2,7 @@
 
 #include "app/AppStateFixture.h"
 #include "mail/screens/AttachmentDragView.h"
+#include "mail/screens/AttachmentSavePanel.h"
 #include "mail/screens/DownloadLine.h"
 #include "mail/screens/MacAttachmentPreview.h"
 #include "mail/screens/PlainTextView.h"
@@ -9,6 +10,7 @@
 #include "screens/Widgets.h"
 
 #include <QAccessible>
+#include <QDir>
 #include <QFile>
 #include <QFileDialog>
 #include <QMenu>
@@ -151,6 +153,22 @@ TEST_F(Section, OffersBothActionsInItsMenu) {
     ASSERT_TRUE(saved.open(QIODevice::ReadOnly));
     EXPECT_EQ(saved.readAll(), "bytes");
     delete panel;
+}
+
+TEST_F(Section, SavesWhereDownloadsLieOrElseAtHome) {
+    const auto home = qgetenv("HOME");
+    const QDir folder(temporaryPath(u"home"_s));
+    ASSERT_TRUE(folder.mkpath(u"."_s));
+    qputenv("HOME", QFile::encodeName(folder.path()));
+    const auto startOfPanel = [this] {
+        showSavePanel(window.get(), u"a.txt"_s, {});
+        const std::unique_ptr<QFileDialog> panel(window->findChild<QFileDialog *>());
+        return panel->directory().path();
+    };
+    EXPECT_EQ(startOfPanel(), folder.path());
+    ASSERT_TRUE(folder.mkdir(u"Downloads"_s));
+    EXPECT_EQ(startOfPanel(), folder.filePath(u"Downloads"_s));
+    qputenv("HOME", home);
 }
 
 TEST_F(Section, TellsWhatWentWrong) {

@@ -3,6 +3,7 @@
 #include "mail/AttachmentFileName.h"
 #include "platform/FileWriting.h"
 
+#include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QMimeDatabase>
@@ -12,13 +13,18 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QFileDialog *showPanel(QWidget *parent, const QString &filename) {
+QString usualFolder() {
+    const auto downloads = QStandardPaths::writableLocation(QStandardPaths::DownloadLocation);
+    return QFileInfo(downloads).isDir() ? downloads : QDir::homePath();
+}
+
+QFileDialog *makePanel(QWidget *parent, const QString &filename) {
     auto *panel = new QFileDialog(parent);
     panel->setAttribute(Qt::WA_DeleteOnClose);
     panel->setAcceptMode(QFileDialog::AcceptSave);
     panel->setFileMode(QFileDialog::AnyFile);
     panel->setWindowTitle(u"Save Attachment"_s);
-    panel->setDirectory(QStandardPaths::writableLocation(QStandardPaths::DownloadLocation));
+    panel->setDirectory(usualFolder());
     panel->selectFile(safeFileName(filename));
     return panel;
 }
@@ -37,7 +43,7 @@ void run(const std::function<void()> &work) {
 } // namespace
 
 void showSavePanel(QWidget *parent, const QString &filename, const QByteArray &bytes) {
-    auto *panel = showPanel(parent, filename);
+    auto *panel = makePanel(parent, filename);
     QObject::connect(panel, &QFileDialog::fileSelected, panel,
                      [bytes](const QString &path) { run([=] { writeFileAtomically(path, bytes); }); });
     panel->open();
@@ -45,7 +51,7 @@ void showSavePanel(QWidget *parent, const QString &filename, const QByteArray &b
 
 void showSavePanelForFile(QWidget *parent, const QString &path) {
     const QFileInfo file(path);
-    auto *panel = showPanel(parent, file.fileName());
+    auto *panel = makePanel(parent, file.fileName());
     const auto type = QMimeDatabase().mimeTypeForFile(file.fileName(), QMimeDatabase::MatchExtension);
     panel->setMimeTypeFilters({type.name(), u"application/octet-stream"_s});
     panel->selectFile(file.fileName());
