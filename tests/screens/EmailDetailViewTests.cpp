@@ -1,8 +1,12 @@
+#include "mail/screens/EmailBodyView.h"
 #include "mail/screens/FlowingAddresses.h"
+#include "mail/screens/LinkTargetLabel.h"
 #include "screens/MessageScreenFixture.h"
 #include "ui/screens/Spinner.h"
 
 #include <QApplication>
+#include <QLabel>
+#include <QRegularExpression>
 #include <QTest>
 #include <algorithm>
 
@@ -191,4 +195,74 @@ TEST_F(MessageScreen, NamesEverythingThatTakesTheFocus) {
     EXPECT_EQ(namelessControls(*view), QStringList());
     open(R"(, "body_text": "x", "from": [{"name": "Ada", "email": "a@x.org"}], "to": [{"email": "b@x.org"}])");
     EXPECT_EQ(namelessControls(*view), QStringList());
+}
+
+TEST_F(MessageScreen, IsWalkedThroughFromTopToBottomWithTheTabKey) {
+    server.expect("GET", "/api/emails/list?folder=INBOX&page=1&per_page=50&search=plan")
+        .json(pageJSON(R"({"uid": 5, "subject": "Re: Plan", "from": "Bo <bo@x.org>"})"));
+    open(R"(, "body_text": "first")", 6);
+    open(R"(, "subject": "Plan", "body_text": "words", "from": [{"email": "a@x.org"}], "to": [{"email": "b@x.org"}],
+             "cc": [{"email": "c@x.org"}], "attachments": [{"filename": "a.txt"}, {"filename": "b.txt"}])");
+    screen->toggleThread();
+    settle();
+    text().setFocus();
+    auto order = tabOrder(*view);
+    // The link ends with a date.
+    order.replaceInStrings(QRegularExpression(u"^(Bo, Re: Plan), .*"_s), u"\\1"_s);
+    EXPECT_EQ(order, (QStringList{u"Message text"_s, u"Download All"_s, u"a.txt"_s, u"b.txt"_s, u"Thread (1 related)"_s,
+                                  u"Bo, Re: Plan"_s, u"Reply"_s, u"Reply All"_s, u"Forward"_s, u"Reply"_s,
+                                  u"Reply All"_s, u"Forward"_s, u"Flag"_s, u"More"_s, u"Plan"_s, u"a@x.org"_s,
+                                  u"Click to copy b@x.org"_s, u"Click to copy c@x.org"_s}));
+}
+
+TEST_F(MessageScreen, StaysWhereItIsWhenTheTabKeyEntersALongText) {
+    open(R"(, "from": [{"email": "a@x.org"}], "body_text": ")" + QByteArray("line\\n").repeated(500) + "\"");
+    auto *bar = view->findChild<QScrollArea *>()->verticalScrollBar();
+    ASSERT_TRUE(spinUntil([&] { return bar->maximum() > 1000; }));
+    button(u"a@x.org"_s)->setFocus();
+    const auto withoutFocus = text().grab().toImage();
+    QTest::keyClick(button(u"a@x.org"_s), Qt::Key_Tab);
+    EXPECT_TRUE(text().hasFocus());
+    EXPECT_EQ(bar->value(), 0);
+    EXPECT_NE(text().grab().toImage(), withoutFocus) << "the focus is seen";
+    QTest::keyClick(&text(), Qt::Key_Tab);
+    EXPECT_GT(bar->value(), 1000);
+    bar->setValue(0);
+    QTest::keyClick(view->focusWidget(), Qt::Key_Backtab);
+    EXPECT_TRUE(text().hasFocus());
+    EXPECT_EQ(bar->value(), 0);
+    bar->setValue(500);
+    QTest::keyClick(&text(), Qt::Key_Backtab);
+    EXPECT_LT(bar->value(), 100) << "what is out of sight is brought into view";
+}
+
+TEST_F(MessageScreen, DeleteKeyMovesTheMessageToTheTrash) {
+    open(R"(, "body_text": "x")");
+    auto &move = server.expect("POST", "/api/emails/move").answer(200);
+    text().setFocus();
+    QTest::keyClick(&text(), Qt::Key_Delete);
+    settle();
+    EXPECT_EQ(parseJSON(move.request().body), parseJSON(R"({"uid": 7, "from_folder": "INBOX", "to_folder": "Trash"})"));
+    EXPECT_TRUE(showsText(*view, u"Message moved"_s));
+}
+
+TEST_F(MessageScreen, TellsNoMoreWhereALinkLeadsWhenTheFocusHasLeftTheBody) {
+    open(R"(, "body_text": "x", "from": [{"email": "a@x.org"}])");
+    text().setFocus();
+    const auto *label = view->findChild<LinkTargetLabel *>();
+    Q_EMIT view->findChild<EmailBodyView *>()->linkHovered(QUrl(u"https://x.org/"_s));
+    EXPECT_TRUE(label->isVisible());
+    QTest::keyClick(&text(), Qt::Key_Backtab);
+    EXPECT_FALSE(label->isVisible());
+}
+
+TEST_F(MessageScreen, AlignsItsTextWithItsHeader) {
+    open(R"(, "body_text": "x", "to": [{"email": "b@x.org"}])");
+    const auto left = [this](const QWidget &widget, int inside) {
+        return widget.mapTo(view.get(), QPoint(inside, 0)).x();
+    };
+    const auto labels = view->findChildren<QLabel *>();
+    const auto word = std::ranges::find_if(labels, [](const QLabel *label) { return label->text() == u"To:"_s; });
+    ASSERT_NE(word, labels.end());
+    EXPECT_EQ(left(text(), text().characterRect(0).left()), left(**word, 0));
 }

@@ -43,7 +43,7 @@ protected:
         bar->setValue(bar->maximum());
         const auto last = text().characterRect(text().text().size() - 1);
         EXPECT_TRUE(text().visibleRegion().contains(last)) << "last line is cut off";
-        EXPECT_NEAR(last.bottom(), text().height() - 16, 4);
+        EXPECT_NEAR(last.bottom(), text().height() - 20, 4);
     }
 };
 

@@ -16,7 +16,7 @@ using namespace std::chrono_literals;
 
 namespace {
 
-constexpr int padding = 16;
+constexpr int padding = 20;
 
 class PlainText : public ScreenTest {
 protected:

@@ -47,6 +47,13 @@ void EmailBodyView::clear() {
         m_htmlView->clear();
 }
 
+void EmailBodyView::copy() {
+    if (m_state->body() == EmailDetailState::Body::html && m_htmlView)
+        m_htmlView->copySelection();
+    else
+        m_textView->copy();
+}
+
 EmailHTMLView *EmailBodyView::htmlView() {
     if (m_htmlView)
         return m_htmlView;

@@ -19,6 +19,10 @@ public:
     /// Lets go of the message when it is no longer on show.
     void clear();
 
+public Q_SLOTS:
+    /// What is selected goes to the clipboard.
+    void copy();
+
 Q_SIGNALS:
     /// The HTML of the message on show is on the screen.
     void painted();

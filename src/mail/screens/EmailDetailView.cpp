@@ -11,6 +11,7 @@
 
 #include <QClipboard>
 #include <QGuiApplication>
+#include <QKeyEvent>
 #include <QShortcut>
 #include <QStackedLayout>
 #include <QStackedWidget>
@@ -79,6 +80,13 @@ void EmailDetailView::addBackShortcuts() {
     for (const auto &keys : {QKeySequence(Qt::ALT | Qt::Key_Left), QKeySequence(Qt::Key_Back)})
         connect(new QShortcut(keys, this, nullptr, nullptr, Qt::WidgetWithChildrenShortcut), &QShortcut::activated,
                 m_state.get(), &EmailDetailState::goBack);
+}
+
+void EmailDetailView::keyPressEvent(QKeyEvent *event) {
+    if (event->key() == Qt::Key_Delete && (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier)
+        m_state->perform(MacMailAction::delete_);
+    else
+        QWidget::keyPressEvent(event);
 }
 
 void EmailDetailView::render() {

@@ -33,6 +33,9 @@ Q_SIGNALS:
     /// The body of the message on show is on the screen.
     void bodyPainted();
 
+protected:
+    void keyPressEvent(QKeyEvent *event) override;
+
 private:
     QWidget *makeScreen();
     void connectState();

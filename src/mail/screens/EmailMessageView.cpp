@@ -7,9 +7,11 @@
 #include "mail/screens/LinkTargetLabel.h"
 #include "mail/screens/ThreadSection.h"
 #include "ui/screens/Buttons.h"
+#include "ui/screens/LayoutTabOrder.h"
 #include "ui/screens/Symbols.h"
 #include "ui/screens/ThemeLabel.h"
 
+#include <QApplication>
 #include <QHBoxLayout>
 #include <QScrollBar>
 #include <QVBoxLayout>
@@ -18,22 +20,28 @@ using namespace Qt::StringLiterals;
 
 EmailMessageView::EmailMessageView(std::shared_ptr<AppState> appState, std::shared_ptr<EmailDetailState> state,
                                    QWidget *parent)
-    : QScrollArea(parent)
+    : ColumnScrollArea(parent)
     , m_state(std::move(state))
     , m_imageBar(makeImageBar())
     , m_body(new EmailBodyView(appState, m_state))
     , m_attachments(new AttachmentSection(std::move(appState), m_state))
     , m_linkTarget(new LinkTargetLabel(this)) {
-    setWidgetResizable(true);
     setFrameShape(QFrame::NoFrame);
-    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    setFocusPolicy(Qt::NoFocus);
     setWidget(makeColumn());
+    new LayoutTabOrder(widget());
     // The background behind the whole view shows through.
     viewport()->setAutoFillBackground(false);
     widget()->setAutoFillBackground(false);
     connect(m_body, &EmailBodyView::painted, this, &EmailMessageView::bodyPainted);
     connect(m_body, &EmailBodyView::linkHovered, m_linkTarget, &LinkTargetLabel::setTarget);
+    connect(qApp, &QApplication::focusChanged, this,
+            [this](const QWidget *, const QWidget *focused) { forgetLinkTarget(focused); });
+}
+
+// The engine does not tell that the link lost the focus to what lies outside of its page.
+void EmailMessageView::forgetLinkTarget(const QWidget *focused) {
+    if (focused && !m_body->isAncestorOf(focused))
+        m_linkTarget->setTarget({});
 }
 
 std::shared_ptr<AttachmentDownloads> EmailMessageView::downloads() const {

@@ -1,8 +1,7 @@
 #pragma once
 
 #include "mail/EmailDetailState.h"
-
-#include <QScrollArea>
+#include "mail/screens/ColumnScrollArea.h"
 
 class AttachmentDownloads;
 class AttachmentSection;
@@ -11,7 +10,7 @@ class LinkTargetLabel;
 
 /// A message from top to bottom in one scrolling column: header, image bar, body, attachments, related messages and
 /// what to do with it.
-class EmailMessageView final : public QScrollArea {
+class EmailMessageView final : public ColumnScrollArea {
     Q_OBJECT
 public:
     EmailMessageView(std::shared_ptr<AppState> appState, std::shared_ptr<EmailDetailState> state,
@@ -34,6 +33,7 @@ private:
     QWidget *makeColumn();
     QWidget *makeImageBar();
     void showImages();
+    void forgetLinkTarget(const QWidget *focused);
 
     std::shared_ptr<EmailDetailState> m_state;
     QWidget *m_imageBar;

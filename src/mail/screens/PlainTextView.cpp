@@ -3,6 +3,7 @@
 #include "mail/screens/PlainTextAccessible.h"
 #include "mail/screens/ScrollingColumn.h"
 #include "mail/screens/Zoom.h"
+#include "ui/screens/StyleShapes.h"
 
 #include <QClipboard>
 #include <QContextMenuEvent>
@@ -10,13 +11,16 @@
 #include <QGuiApplication>
 #include <QMenu>
 #include <QPainter>
+#include <QStyleOption>
 #include <QTextBoundaryFinder>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int padding = 16;
+constexpr int padding = 20;
+/// Between the edge and the sign that the text has the focus.
+constexpr int focusMargin = 4;
 constexpr int fontSize = 14;
 constexpr int fixedFontSize = 13;
 /// How long one turn of measuring may keep the main thread, in milliseconds.
@@ -117,11 +121,19 @@ void PlainTextView::resizeEvent(QResizeEvent *event) {
 }
 
 void PlainTextView::paintEvent(QPaintEvent *event) {
-    if (m_paragraphs.count() == 0)
-        return;
     QPainter painter(this);
+    if (m_paragraphs.count() > 0)
+        paintText(painter, event->rect());
+    QStyleOption option;
+    option.initFrom(this);
+    const auto frame = rect().adjusted(focusMargin, focusMargin, -focusMargin, -focusMargin);
+    if (showsFocusRing(option))
+        paintFocusRing(&painter, frame, StyleMetrics::rowRadius, m_theme);
+}
+
+void PlainTextView::paintText(QPainter &painter, const QRect &part) {
     painter.setPen(m_theme.text);
-    const auto area = event->rect().translated(0, -padding);
+    const auto area = part.translated(0, -padding);
     const auto last = m_paragraphs.paragraphAt(area.bottom());
     for (int number = m_paragraphs.paragraphAt(area.top()); number <= last; ++number) {
         const QPointF place(padding, padding + m_paragraphs.top(number));
@@ -211,7 +223,7 @@ void PlainTextView::mouseDoubleClickEvent(QMouseEvent *event) {
 
 void PlainTextView::keyPressEvent(QKeyEvent *event) {
     if (event->matches(QKeySequence::Copy))
-        copySelection();
+        copy();
     else if (event->matches(QKeySequence::SelectAll))
         selectAll();
     else if (const auto zoom = zoomAfterKey(m_zoom, event))
@@ -223,7 +235,7 @@ void PlainTextView::keyPressEvent(QKeyEvent *event) {
 void PlainTextView::contextMenuEvent(QContextMenuEvent *event) {
     auto *menu = new QMenu(this);
     menu->setAttribute(Qt::WA_DeleteOnClose);
-    auto *copy = menu->addAction(tr("Copy"), this, &PlainTextView::copySelection);
+    auto *copy = menu->addAction(tr("Copy"), this, &PlainTextView::copy);
     copy->setEnabled(m_anchor != m_cursor);
     menu->addAction(tr("Select All"), this, &PlainTextView::selectAll);
     menu->popup(event->globalPos());
@@ -234,7 +246,7 @@ QString PlainTextView::selectedText() const {
     return m_paragraphs.text().mid(from, to - from);
 }
 
-void PlainTextView::copySelection() {
+void PlainTextView::copy() {
     if (m_anchor != m_cursor)
         QGuiApplication::clipboard()->setText(selectedText());
 }

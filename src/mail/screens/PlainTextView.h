@@ -40,7 +40,7 @@ public:
     void scrollTo(qsizetype position);
 
 public Q_SLOTS:
-    void copySelection();
+    void copy();
     void selectAll();
 
 protected:
@@ -58,6 +58,7 @@ private:
     void measureNext();
     void applyFont();
     void applyHeight();
+    void paintText(QPainter &painter, const QRect &part);
     QList<QTextLayout::FormatRange> looks(int paragraph) const;
 
     QString m_text;

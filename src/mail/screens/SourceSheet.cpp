@@ -1,6 +1,7 @@
 #include "mail/screens/SourceSheet.h"
 
 #include "mail/EmailSource.h"
+#include "mail/screens/ColumnScrollArea.h"
 #include "mail/screens/PlainTextView.h"
 #include "ui/screens/AppStyle.h"
 #include "ui/screens/StyleShapes.h"
@@ -9,7 +10,6 @@
 
 #include <QFrame>
 #include <QPushButton>
-#include <QScrollArea>
 #include <QScrollBar>
 #include <QVBoxLayout>
 
@@ -32,16 +32,13 @@ QList<QTextLayout::FormatRange> headerName(const QString &line) {
 SourceSheet::SourceSheet(QWidget *parent)
     : Sheet(tr("Email Source"), {}, parent)
     , m_note(new ThemeLabel({}, TextStyle::body, TextRole::secondary))
-    , m_scroll(new QScrollArea)
+    , m_scroll(new ColumnScrollArea)
     , m_headers(new PlainTextView)
     , m_body(new PlainTextView)
     , m_divider(new QFrame) {
     setAttribute(Qt::WA_DeleteOnClose);
     resize(preferredSize);
     m_note->setAlignment(Qt::AlignCenter);
-    m_scroll->setWidgetResizable(true);
-    m_scroll->setFocusPolicy(Qt::NoFocus);
-    m_scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     m_scroll->setWidget(makeText());
     column()->addWidget(m_note, 1);
     column()->addWidget(m_scroll, 1);
