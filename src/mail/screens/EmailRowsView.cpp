@@ -24,6 +24,16 @@ bool EmailRowsView::handleKey(const QKeyEvent &event) {
     return true;
 }
 
+/// The keyboard goes on with the row that takes the place of a removed one; nothing is opened by itself.
+void EmailRowsView::rowsAboutToBeRemoved(const QModelIndex &parent, int first, int last) {
+    RowsView::rowsAboutToBeRemoved(parent, first, last);
+    const int current = currentIndex().row();
+    if (current < first || current > last)
+        return;
+    const int next = last + 1 < model()->rowCount() ? last + 1 : first - 1;
+    selectionModel()->setCurrentIndex(model()->index(next, 0), QItemSelectionModel::NoUpdate);
+}
+
 bool EmailRowsView::isOnStar(const QPoint &position) const {
     const auto index = indexAt(position);
     return rowDelegate()->showsStars && index.isValid() &&

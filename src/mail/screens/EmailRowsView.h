@@ -25,6 +25,7 @@ protected:
     void startDrag(Qt::DropActions actions) override;
     QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex &index, const QEvent *event) const override;
     bool handleKey(const QKeyEvent &event) override;
+    void rowsAboutToBeRemoved(const QModelIndex &parent, int first, int last) override;
 
 private:
     bool isOnStar(const QPoint &position) const;

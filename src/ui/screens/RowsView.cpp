@@ -73,10 +73,24 @@ bool RowsView::handleKey(const QKeyEvent &event) {
     }
 }
 
+/// Whether the key is a step, or leads to the end of the rows at which the keyboard is already.
+bool RowsView::startsHere(const QKeyEvent &event) const {
+    switch (event.key()) {
+    case Qt::Key_Down:
+    case Qt::Key_Up:
+        return true;
+    case Qt::Key_Home:
+        return currentIndex().row() == 0;
+    case Qt::Key_End:
+        return currentIndex().row() == model()->rowCount() - 1;
+    default:
+        return false;
+    }
+}
+
 /// Where nothing is selected, the first step selects the row that the keyboard is on and leads no further.
 bool RowsView::selectCurrentFirst(const QKeyEvent &event) {
-    const bool isStep = (event.key() == Qt::Key_Down || event.key() == Qt::Key_Up) && isPlain(event);
-    if (!isStep || !currentIndex().isValid() || selectionModel()->hasSelection())
+    if (!isPlain(event) || !startsHere(event) || !currentIndex().isValid() || selectionModel()->hasSelection())
         return false;
     selectionModel()->select(currentIndex(), QItemSelectionModel::ClearAndSelect);
     scrollTo(currentIndex());

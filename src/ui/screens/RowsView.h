@@ -45,6 +45,7 @@ protected:
     virtual bool handleKey(const QKeyEvent &event);
 
 private:
+    bool startsHere(const QKeyEvent &event) const;
     bool selectCurrentFirst(const QKeyEvent &event);
     void showMenu(const QModelIndex &index, const QPoint &globalPosition);
     void showMenuOfCurrent();
