@@ -107,6 +107,41 @@ TEST_F(ListScreen, SelectsTheFirstRowWithTheFirstStep) {
     EXPECT_THAT(selected(), ElementsAre(reached));
 }
 
+TEST_F(ListScreen, GoesOnWithTheRowThatTakesThePlaceOfARemovedOne) {
+    server.expect("POST", "/api/emails/bulk-delete").json("{}").anyNumberOfTimes();
+    server.expect("GET", "/api/emails/notification-state?folder=Work").answer(500).anyNumberOfTimes();
+    open({1, 2, 3, 4}, 4);
+    const auto remove = [this](int row) {
+        click(row);
+        press(Qt::Key_Delete);
+        settle();
+        EXPECT_TRUE(selected().empty());
+    };
+    remove(1);
+    EXPECT_EQ(currentUID(), 3);
+    press(Qt::Key_Down);
+    EXPECT_THAT(selected(), ElementsAre(3));
+    remove(2);
+    EXPECT_EQ(currentUID(), 3);
+    remove(0);
+    EXPECT_EQ(currentUID(), 3);
+    press(Qt::Key_Home);
+    EXPECT_THAT(selected(), ElementsAre(3));
+}
+
+TEST_F(ListScreen, IsEnteredFromTheSearchBox) {
+    open({1, 2});
+    search()->setFocus();
+    QTest::keyClick(search(), Qt::Key_Down);
+    EXPECT_TRUE(rows().hasFocus());
+    search()->setFocus();
+    expectPage().json(pageJSON(emptyEmails({1, 2})));
+    QTest::keyClick(search(), Qt::Key_Return);
+    settle();
+    EXPECT_TRUE(rows().hasFocus());
+    EXPECT_EQ(rows().selectionModel()->selectedIndexes().size(), 0);
+}
+
 TEST_F(ListScreen, LeavesTypedLettersToOthers) {
     open({1, 2, 3});
     click(0);

@@ -7,6 +7,7 @@
 #include "ui/screens/ThemeLabel.h"
 
 #include <QHBoxLayout>
+#include <QKeyEvent>
 
 EmailListHeader::EmailListHeader(std::shared_ptr<EmailListState> state, QWidget *parent)
     : QWidget(parent)
@@ -30,6 +31,7 @@ EmailListHeader::EmailListHeader(std::shared_ptr<EmailListState> state, QWidget 
 
     connect(m_search, &SearchBar::textChanged, m_state.get(), &EmailListState::setSearchQuery);
     connect(m_search, &SearchBar::returnPressed, m_state.get(), &EmailListState::submitSearch);
+    connect(m_search, &SearchBar::returnPressed, this, &EmailListHeader::resultsRequested);
     observe(m_state.get(), this, &EmailListHeader::render);
 }
 
@@ -39,6 +41,14 @@ void EmailListHeader::focusSearch() {
 
 bool EmailListHeader::isSearching() const {
     return m_search->hasFocus();
+}
+
+// The search box has no use for the key.
+void EmailListHeader::keyPressEvent(QKeyEvent *event) {
+    if (event->key() == Qt::Key_Down && isSearching())
+        Q_EMIT resultsRequested();
+    else
+        QWidget::keyPressEvent(event);
 }
 
 void EmailListHeader::render() {

@@ -17,6 +17,13 @@ public:
     /// The search box has the keyboard focus.
     bool isSearching() const;
 
+Q_SIGNALS:
+    /// The keyboard is to go on in the rows.
+    void resultsRequested();
+
+protected:
+    void keyPressEvent(QKeyEvent *event) override;
+
 private:
     void render();
     void renderSearch();

@@ -38,6 +38,7 @@ EmailListView::EmailListView(std::shared_ptr<EmailListState> state, FocusedActio
     layout->addWidget(m_stack, 1);
     layout->addWidget(new EmailListStatusBar(m_state));
 
+    connect(m_header, &EmailListHeader::resultsRequested, this, &EmailListView::enterResults);
     new EmailListSheets(m_state, this);
     observe(m_state.get(), this, &EmailListView::render);
 }
@@ -140,6 +141,17 @@ void EmailListView::publishActions() {
 
 void EmailListView::focusSearch() {
     m_header->focusSearch();
+}
+
+void EmailListView::focusRows() {
+    m_awaitsFocus = m_state->content() != EmailListState::Content::rows;
+    // Whoever has the focus now loses it, or would be taken for somebody who is typing when the rows come.
+    (m_awaitsFocus ? static_cast<QWidget *>(m_stack) : m_list)->setFocus(Qt::ShortcutFocusReason);
+}
+
+void EmailListView::enterResults() {
+    if (m_state->content() == EmailListState::Content::rows)
+        focusRows();
 }
 
 std::set<qint64> EmailListView::highlightedUIDs() const {

@@ -21,6 +21,8 @@ public:
 
     QListView *list() const;
     void focusSearch();
+    /// Gives the rows the keyboard focus, as soon as there are any.
+    void focusRows();
 
 Q_SIGNALS:
     /// The opened message is to move on by a page, or back.
@@ -34,6 +36,7 @@ private:
     void setUpList();
     void connectList();
     void keepPlace();
+    void enterResults();
     void scrollByRows(int rows);
     void render();
     void renderContent();
