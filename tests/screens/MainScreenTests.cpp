@@ -7,6 +7,7 @@
 #include "app/screens/LoginView.h"
 #include "mail/MailAnswers.h"
 #include "mail/screens/EmailListView.h"
+#include "mail/screens/PlainTextView.h"
 #include "screens/ScreenTest.h"
 #include "screens/Widgets.h"
 #include "ui/screens/Buttons.h"
@@ -15,6 +16,7 @@
 #include <QLineEdit>
 #include <QListView>
 #include <QMenu>
+#include <QPlainTextEdit>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
@@ -65,15 +67,23 @@ protected:
     QListView *messages() const { return visibleNamed<QListView>(*view, u"Messages"_s); }
     static QString shownIn(const QListView *list) { return list->currentIndex().data().toString(); }
     QLineEdit *search() const { return visibleNamed<QLineEdit>(*view, u"Search emails…"_s); }
-    /// Whether this entry of the menu bar can be chosen.
-    bool offers(const QString &menu, const QString &entry) const {
+    QAction *menuEntry(const QString &menu, const QString &entry) const {
         for (const auto *candidate : window->findChildren<QMenu *>())
             if (candidate->title().remove(u'&') == menu)
-                for (const auto *action : candidate->actions())
+                for (auto *action : candidate->actions())
                     if (action->text() == entry)
-                        return action->isEnabled() && action->isVisible();
+                        return action;
         ADD_FAILURE() << "no such entry: " << entry.toStdString();
-        return false;
+        return nullptr;
+    }
+    /// Whether this entry of the menu bar can be chosen.
+    bool offers(const QString &menu, const QString &entry) const {
+        const auto *action = menuEntry(menu, entry);
+        return action && action->isEnabled() && action->isVisible();
+    }
+    void choose(const QString &menu, const QString &entry) const {
+        ASSERT_TRUE(offers(menu, entry));
+        menuEntry(menu, entry)->trigger();
     }
     QStringList accountMenu() const {
         visibleNamed<IconButton>(*view, u"Account and shortcuts"_s)->click();
@@ -217,6 +227,37 @@ TEST_F(WholeScreen, TheEditMenuIsForWhatHasTheFocus) {
     messages()->setFocus();
     EXPECT_FALSE(offers(u"Edit"_s, u"Paste"_s));
     EXPECT_TRUE(offers(u"Edit"_s, u"Select All"_s));
+}
+
+TEST_F(WholeScreen, TheEditMenuIsStillForItWhenTheKeyboardOpensTheMenu) {
+    open();
+    messages()->selectionModel()->select(messages()->model()->index(1, 0), QItemSelectionModel::ClearAndSelect);
+    settle();
+    settle();
+    auto *text = visibleNamed<PlainTextView>(*view, u"Message text"_s);
+    ASSERT_TRUE(text);
+    text->setFocus();
+    QTest::keyClick(text, Qt::Key_E, Qt::AltModifier);
+    ASSERT_TRUE(QApplication::activePopupWidget());
+    EXPECT_FALSE(text->hasFocus());
+    EXPECT_FALSE(offers(u"Edit"_s, u"Paste"_s));
+    EXPECT_TRUE(offers(u"Edit"_s, u"Copy"_s));
+    choose(u"Edit"_s, u"Select All"_s);
+    EXPECT_EQ(text->selectedText(), u"Hello"_s);
+    messages()->setFocus();
+    choose(u"Edit"_s, u"Select All"_s);
+    EXPECT_EQ(messages()->selectionModel()->selectedIndexes().size(), 3);
+}
+
+TEST_F(WholeScreen, TheEditMenuReachesWhatIsAroundTheFocus) {
+    open();
+    auto *text = new QPlainTextEdit(u"words"_s, window.get());
+    auto *inner = new QWidget(text);
+    inner->setFocusPolicy(Qt::StrongFocus);
+    text->show();
+    inner->setFocus();
+    choose(u"Edit"_s, u"Select All"_s);
+    EXPECT_EQ(text->textCursor().selectedText(), u"words"_s);
 }
 
 TEST_F(WholeScreen, ListsTheKeysOnDemandEvenBeforeSigningIn) {

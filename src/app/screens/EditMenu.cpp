@@ -1,6 +1,7 @@
 #include "app/screens/EditMenu.h"
 
 #include <QApplication>
+#include <QMenuBar>
 
 EditMenu::EditMenu(QWidget *parent)
     : QMenu(tr("&Edit"), parent) {
@@ -11,23 +12,37 @@ EditMenu::EditMenu(QWidget *parent)
     add(tr("Copy"), QKeySequence::Copy, "copy");
     add(tr("Paste"), QKeySequence::Paste, "paste");
     add(tr("Select All"), QKeySequence::SelectAll, "selectAll");
-    connect(qApp, &QApplication::focusChanged, this, &EditMenu::refresh);
-    refresh();
+    connect(qApp, &QApplication::focusChanged, this, [this](const QWidget *, QWidget *focused) { follow(focused); });
+    connect(this, &QMenu::aboutToShow, this, &EditMenu::refresh);
+    follow(QApplication::focusWidget());
 }
 
-void EditMenu::add(const QString &title, QKeySequence::StandardKey key, const char *slot) {
+void EditMenu::add(const QString &title, QKeySequence::StandardKey key, const QByteArray &slot) {
     auto *action = addAction(title);
     action->setShortcut(key);
-    action->setData(QByteArray(slot));
-    connect(action, &QAction::triggered, this, [slot] {
-        if (auto *focused = QApplication::focusWidget())
-            QMetaObject::invokeMethod(focused, slot);
+    action->setData(slot);
+    connect(action, &QAction::triggered, this, [this, slot] {
+        if (auto *owner = ownerOf(slot))
+            QMetaObject::invokeMethod(owner, slot.constData());
     });
 }
 
+// The menu bar takes the focus while the keyboard is in it.
+void EditMenu::follow(QWidget *focused) {
+    if (focused && !qobject_cast<QMenuBar *>(focused) && !qobject_cast<QMenu *>(focused))
+        m_focused = focused;
+    refresh();
+}
+
+QWidget *EditMenu::ownerOf(const QByteArray &slot) const {
+    auto *widget = m_focused.data();
+    while (widget && widget->metaObject()->indexOfMethod(slot + "()") < 0)
+        widget = widget->isWindow() ? nullptr : widget->parentWidget();
+    return widget;
+}
+
 void EditMenu::refresh() {
-    const auto *focused = QApplication::focusWidget();
     for (auto *action : actions())
         if (const auto slot = action->data().toByteArray(); !slot.isEmpty())
-            action->setEnabled(focused && focused->metaObject()->indexOfMethod(slot + "()") >= 0);
+            action->setEnabled(ownerOf(slot) != nullptr);
 }
