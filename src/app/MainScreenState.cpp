@@ -110,8 +110,11 @@ void MainScreenState::answerNavigation() {
     if (!wanted)
         return;
     m_appState->navigateToFolder = std::nullopt;
-    if (const auto folder = folderNamed(m_appState->folders, *wanted))
-        showMail(folder->path);
+    const auto folder = folderNamed(m_appState->folders, *wanted);
+    if (!folder)
+        return;
+    showMail(folder->path);
+    Q_EMIT navigated();
 }
 
 void MainScreenState::showMail(const QString &folderPath) {

@@ -45,6 +45,10 @@ public:
     /// Moves the dropped messages that lie elsewhere; a failed move does not stop the others.
     QCoro::Task<> drop(std::vector<EmailDragData> items, MailFolder folder);
 
+Q_SIGNALS:
+    /// A command led to a folder: the keyboard is to go on in its messages.
+    void navigated();
+
 private:
     explicit MainScreenState(std::shared_ptr<AppState> appState);
     void start();

@@ -134,6 +134,57 @@ TEST_F(WholeScreen, ChangesFoldersWithTheKeyboard) {
     EXPECT_EQ(shownIn(folders()), u"Inbox"_s);
 }
 
+TEST_F(WholeScreen, WalksFromPaneToPane) {
+    open();
+    const auto press = [this](Qt::KeyboardModifiers modifiers = {}) {
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_F6, modifiers);
+        return accessibleName(*QApplication::focusWidget());
+    };
+    EXPECT_EQ(press(), u"Folders"_s) << "there is no message to go to";
+    EXPECT_EQ(press(), u"Messages"_s);
+    state->selectedEmailUID = 2;
+    settle();
+    settle();
+    EXPECT_EQ(press(), u"Message text"_s);
+    EXPECT_EQ(press(), u"Folders"_s);
+    EXPECT_EQ(press(Qt::ShiftModifier), u"Message text"_s);
+    EXPECT_EQ(press(Qt::ShiftModifier), u"Messages"_s);
+    state->navigationDestination = AppDestination::settings;
+    settle();
+    folders()->setFocus();
+    EXPECT_EQ(press(), u"Back to Mail"_s);
+    EXPECT_EQ(press(), u"Folders"_s);
+}
+
+TEST_F(WholeScreen, GoesOnInTheMessagesOfAFolder) {
+    open();
+    for (const auto key : {Qt::Key_Return, Qt::Key_Right}) {
+        folders()->setFocus();
+        QTest::keyClick(folders(), key == Qt::Key_Return ? Qt::Key_End : Qt::Key_Home);
+        QTest::keyClick(folders(), key);
+        settle();
+        settle();
+        EXPECT_TRUE(messages() && messages()->hasFocus());
+    }
+    folders()->setFocus();
+    QTest::keyClick(folders(), Qt::Key_1, Qt::ControlModifier);
+    settle();
+    EXPECT_TRUE(messages()->hasFocus()) << "the folder was on show already";
+    state->navigationDestination = AppDestination::settings;
+    settle();
+    QTest::keyClick(window.get(), Qt::Key_1, Qt::ControlModifier);
+    settle();
+    EXPECT_TRUE(messages() && messages()->hasFocus());
+}
+
+TEST_F(WholeScreen, OpensItsMenusByKey) {
+    open();
+    QTest::keyClick(messages(), Qt::Key_F10);
+    auto *menu = QApplication::activePopupWidget();
+    ASSERT_TRUE(menu);
+    menu->close();
+}
+
 TEST_F(WholeScreen, KeepsTheFolderWhenTheListOfFoldersChanges) {
     open();
     state->navigateToFolder = u"Work"_s;

@@ -75,6 +75,17 @@ void DestinationView::showSection(AppDestination destination) {
             [this] { m_appState->navigationDestination = std::nullopt; });
 }
 
+void DestinationView::focusSection() {
+    const auto takesTab = [this](const QWidget *widget) {
+        return isAncestorOf(widget) && widget->isVisible() && widget->isEnabled() &&
+               widget->focusPolicy() & Qt::TabFocus;
+    };
+    auto *widget = nextInFocusChain();
+    while (widget != this && !takesTab(widget))
+        widget = widget->nextInFocusChain();
+    widget->setFocus(Qt::ShortcutFocusReason);
+}
+
 void DestinationView::leaveSection() {
     if (!m_section)
         return;

@@ -13,6 +13,9 @@ class DestinationView final : public QWidget {
 public:
     explicit DestinationView(std::shared_ptr<AppState> appState, QWidget *parent = nullptr);
 
+    /// Gives the first control of the section the keyboard focus.
+    void focusSection();
+
 private:
     void render();
     void showSection(AppDestination destination);

@@ -12,9 +12,12 @@
 #include "ui/screens/SidebarSplitView.h"
 #include "ui/screens/ToastPresenter.h"
 
+#include <QApplication>
 #include <QHBoxLayout>
+#include <QShortcut>
 #include <QStackedWidget>
 #include <QVBoxLayout>
+#include <algorithm>
 
 namespace {
 
@@ -49,6 +52,7 @@ MainScreen::MainScreen(std::shared_ptr<AppState> appState, FocusedActions &actio
     observe(m_state.get(), this, &MainScreen::render);
     connect(m_listState.get(), &ObservableObject::changed, this, &MainScreen::warmUpWhenListIsShown);
     connect(m_toasts, &ToastPresenter::expired, m_state.get(), [this] { m_state->toast = std::nullopt; });
+    connectKeyboard();
 }
 
 MainScreen::~MainScreen() {
@@ -87,6 +91,46 @@ void MainScreen::renderMail() {
     m_listState->setFolder(*folder);
     const auto uid = m_appState->selectedEmailUID.get();
     m_detailState->show(uid ? std::optional(EmailWindowRef{*uid, requestFolder(folder->path)}) : std::nullopt);
+}
+
+void MainScreen::connectKeyboard() {
+    // When the folder is on show.
+    connect(m_sidebar, &SidebarView::folderEntered, m_list, &EmailListView::focusRows, Qt::QueuedConnection);
+    connect(m_state.get(), &MainScreenState::navigated, m_list, &EmailListView::focusRows, Qt::QueuedConnection);
+    connect(new QShortcut(Qt::Key_F6, this), &QShortcut::activated, this, [this] { walkPanes(1); });
+    connect(new QShortcut(Qt::SHIFT | Qt::Key_F6, this), &QShortcut::activated, this, [this] { walkPanes(-1); });
+}
+
+std::vector<QWidget *> MainScreen::panes() const {
+    std::vector<QWidget *> panes{m_sidebar, m_list, m_destination};
+    if (m_detailState->content() == EmailDetailState::Content::message)
+        panes.push_back(m_detail);
+    std::erase_if(panes, [](const QWidget *pane) { return !pane->isVisible(); });
+    return panes;
+}
+
+void MainScreen::focusPane(QWidget *pane) {
+    window()->setAttribute(Qt::WA_KeyboardFocusChange);
+    if (pane == m_sidebar)
+        m_sidebar->focusFolders();
+    else if (pane == m_detail)
+        m_detail->focusBody();
+    else if (pane == m_destination)
+        m_destination->focusSection();
+    else if (m_listState->content() == EmailListState::Content::rows)
+        m_list->focusRows();
+    else
+        m_list->focusSearch();
+}
+
+void MainScreen::walkPanes(int step) {
+    const auto shown = panes();
+    const auto count = int(shown.size());
+    const auto hasFocus = [](const QWidget *pane) { return pane->isAncestorOf(QApplication::focusWidget()); };
+    const auto place = int(std::ranges::find_if(shown, hasFocus) - shown.begin());
+    // With the focus in none of them, the first one follows and the last one goes before.
+    const int from = place < count ? place : (step > 0 ? count - 1 : 0);
+    focusPane(shown[std::size_t((from + step + count) % count)]);
 }
 
 void MainScreen::warmUpWhenListIsShown() {

@@ -34,6 +34,11 @@ private:
     QWidget *makeMailView();
     void render();
     void renderMail();
+    void connectKeyboard();
+    /// From left to right; only what can be seen, and can do something with the keyboard.
+    std::vector<QWidget *> panes() const;
+    void focusPane(QWidget *pane);
+    void walkPanes(int step);
     void warmUpWhenListIsShown();
 
     std::shared_ptr<AppState> m_appState;

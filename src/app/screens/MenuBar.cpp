@@ -7,6 +7,7 @@
 
 #include <QCoreApplication>
 #include <QPushButton>
+#include <QShortcut>
 #include <QVBoxLayout>
 
 MenuBar::MenuBar(std::shared_ptr<AppState> appState, const FocusedActions &focused,
@@ -17,6 +18,8 @@ MenuBar::MenuBar(std::shared_ptr<AppState> appState, const FocusedActions &focus
     addMenus();
     addCommands();
     addPlatformCommands();
+    connect(new QShortcut(Qt::Key_F10, this), &QShortcut::activated, this,
+            [this] { setActiveAction(actions().first()); });
     connect(&focused, &ObservableObject::changed, this, &MenuBar::refresh);
     observe(appState.get(), this, &MenuBar::refresh);
 }

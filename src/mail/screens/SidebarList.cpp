@@ -4,6 +4,7 @@
 #include "mail/screens/SidebarDelegate.h"
 
 #include <QDragMoveEvent>
+#include <QKeyEvent>
 #include <QMimeData>
 
 namespace {
@@ -23,6 +24,15 @@ SidebarList::SidebarList(QWidget *parent)
     setAccessibleName(tr("Folders"));
     setAcceptDrops(true);
     viewport()->setAutoFillBackground(false);
+}
+
+void SidebarList::keyPressEvent(QKeyEvent *event) {
+    const bool isEntering =
+        event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter || event->key() == Qt::Key_Right;
+    if (isEntering && currentIndex().isValid())
+        Q_EMIT folderEntered();
+    else
+        QListView::keyPressEvent(event);
 }
 
 /// The keys lead from folder to folder, past the headings.

@@ -15,9 +15,12 @@ public:
     std::function<bool(const std::vector<EmailDragData> &items, const MailFolder &folder)> accepts;
 
 Q_SIGNALS:
+    /// Return, or the arrow key towards what the folder holds.
+    void folderEntered();
     void dropped(const std::vector<EmailDragData> &items, const MailFolder &folder);
 
 protected:
+    void keyPressEvent(QKeyEvent *event) override;
     QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
     void dragEnterEvent(QDragEnterEvent *event) override;
     void dragMoveEvent(QDragMoveEvent *event) override;

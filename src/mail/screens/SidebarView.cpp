@@ -24,6 +24,8 @@ SidebarView::SidebarView(std::shared_ptr<AppState> appState, std::shared_ptr<Mai
         m_list, &SidebarList::dropped, m_state.get(),
         [state = m_state.get()](const auto &items, const MailFolder &folder) { launch(state->drop(items, folder)); });
 
+    connect(m_list, &SidebarList::folderEntered, this, &SidebarView::folderEntered);
+
     auto *header = new MacSidebarHeader;
     connect(header, &MacSidebarHeader::composeRequested, this, [this] {
         m_appState->composePresentationID = QUuid::createUuid();
@@ -42,6 +44,10 @@ SidebarView::SidebarView(std::shared_ptr<AppState> appState, std::shared_ptr<Mai
     connect(&UserDefaults::standard(), &UserDefaults::changed, this, &SidebarView::render);
     observe(m_state.get(), this, &SidebarView::render);
     observe(m_appState.get(), this, &SidebarView::render);
+}
+
+void SidebarView::focusFolders() {
+    m_list->setFocus(Qt::ShortcutFocusReason);
 }
 
 QWidget *SidebarView::makeFooter() {

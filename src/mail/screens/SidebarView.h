@@ -13,6 +13,13 @@ class SidebarView final : public QWidget {
 public:
     SidebarView(std::shared_ptr<AppState> appState, std::shared_ptr<MainScreenState> state, QWidget *parent = nullptr);
 
+    /// Gives the folders the keyboard focus.
+    void focusFolders();
+
+Q_SIGNALS:
+    /// The keyboard is to go on in what the folder holds.
+    void folderEntered();
+
 private:
     QWidget *makeFooter();
     QWidget *makeDestinationButton(const QString &title, const QString &symbol, AppDestination destination);
