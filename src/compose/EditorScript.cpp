@@ -4,8 +4,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString escaped(QString html) {
-    return html.replace(u"\\"_s, u"\\\\"_s).replace(u"'"_s, u"\\'"_s).replace(u"\n"_s, u"\\n"_s).remove(u'\r');
+QString escaped(QString text) {
+    return text.replace(u"\\"_s, u"\\\\"_s).replace(u"'"_s, u"\\'"_s).replace(u"\n"_s, u"\\n"_s).remove(u'\r');
 }
 
 QString call(const QString &function, const QString &argument) {
@@ -16,6 +16,10 @@ QString call(const QString &function, const QString &argument) {
 
 QString EditorScript::setContent(const QString &html) {
     return call(u"setContent"_s, escaped(html));
+}
+
+QString EditorScript::fetchContent() {
+    return u"window.webkit.messageHandlers.contentFetched.postMessage(getContent());"_s;
 }
 
 QString EditorScript::command(const QString &name) {
@@ -44,4 +48,8 @@ QString EditorScript::insertRule() {
 
 QString EditorScript::insertImage(const QString &url) {
     return call(u"insertImageBase64"_s, escaped(url));
+}
+
+QString EditorScript::normalizedAddress(const QString &url) {
+    return u"new URL('"_s + escaped(url) + u"').href"_s;
 }

@@ -5,6 +5,8 @@
 /// The texts that the program has the editor's page run, one call each.
 struct EditorScript {
     static QString setContent(const QString &html);
+    /// Has the page post what it holds to the handler "contentFetched".
+    static QString fetchContent();
     static QString command(const QString &name);
     /// `url` as it was typed.
     static QString createLink(const QString &url);
@@ -14,4 +16,6 @@ struct EditorScript {
     static QString insertRule();
     /// `url` may be a data URL.
     static QString insertImage(const QString &url);
+    /// Evaluates to the address as the engine writes it; fails for one that leads nowhere.
+    static QString normalizedAddress(const QString &url);
 };

@@ -1,5 +1,8 @@
 #include "web/EditorWindow.h"
 
+#include "ui/Themes.h"
+#include "ui/screens/AppStyle.h"
+
 #include <QTest>
 #include <QVBoxLayout>
 #include <QWebEngineView>
@@ -7,8 +10,19 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+// Before the first widget is drawn, since it takes the place of another style.
+std::shared_ptr<EditorWebViewRef> makeRef() {
+    applyTheme(resolvedTheme(u"light", ColorScheme::light));
+    return std::make_shared<EditorWebViewRef>();
+}
+
+} // namespace
+
 EditorWindow::EditorWindow()
-    : toolbar(new ComposeEditorToolbar(ref))
+    : ref(makeRef())
+    , toolbar(new ComposeEditorToolbar(ref))
     , editor(new ComposeEditorView(ref)) {
     auto *layout = new QVBoxLayout(this);
     layout->addWidget(toolbar);
@@ -60,4 +74,12 @@ void EditorWindow::type(const QString &text) {
         QCoreApplication::sendEvent(input(), &press);
         QCoreApplication::sendEvent(input(), &release);
     }
+}
+
+void EditorWindow::press(int key, Qt::KeyboardModifiers modifiers) {
+    QTest::keyClick(input(), Qt::Key(key), modifiers);
+}
+
+void EditorWindow::click(QPoint pointInEditor, Qt::KeyboardModifiers modifiers) {
+    QTest::mouseClick(input(), Qt::LeftButton, modifiers, pointInEditor);
 }

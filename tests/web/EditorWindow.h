@@ -25,8 +25,10 @@ public:
     /// The widget that gets the mouse and the keys.
     QWidget *input() const;
     void type(const QString &text);
+    void press(int key, Qt::KeyboardModifiers modifiers = {});
+    void click(QPoint pointInEditor, Qt::KeyboardModifiers modifiers = {});
 
-    std::shared_ptr<EditorWebViewRef> ref = std::make_shared<EditorWebViewRef>();
+    std::shared_ptr<EditorWebViewRef> ref;
     ComposeEditorToolbar *toolbar;
     ComposeEditorView *editor;
     QStringList reports;

@@ -5,8 +5,6 @@
 #include "compose/EditorScript.h"
 #include "compose/screens/EditorWebViewRef.h"
 
-#include <QPointer>
-
 using namespace Qt::StringLiterals;
 
 ComposeEditorCoordinator::ComposeEditorCoordinator(WebView *webView, std::shared_ptr<EditorWebViewRef> ref,
@@ -36,17 +34,32 @@ void ComposeEditorCoordinator::applyInitialContent() {
     if (!m_isWebViewReady || m_initialContent.isEmpty() || m_lastAppliedContent == m_initialContent)
         return;
     m_lastAppliedContent = m_initialContent;
-    m_webView->evaluateJavaScript(EditorScript::setContent(m_initialContent));
+    putContent(m_initialContent);
+}
+
+void ComposeEditorCoordinator::putContent(const QString &html) {
+    m_webView->evaluateJavaScript(EditorScript::setContent(html));
 }
 
 void ComposeEditorCoordinator::webViewDidFinish() {
     m_isWebViewReady = true;
+    if (m_lostContent)
+        putContent(*m_lostContent);
     applyInitialContent();
 }
 
 void ComposeEditorCoordinator::webViewDidReceiveMessage(const QString &name, const QVariant &body) {
-    if (name == EditorHandler::contentChanged && body.typeId() == QMetaType::QString)
-        receiveContent(body.toString());
+    if (body.typeId() != QMetaType::QString)
+        return;
+    const auto text = body.toString();
+    if (name == EditorHandler::contentChanged)
+        receiveContent(text);
+    else if (name == EditorHandler::contentFetched)
+        answerFetch(text);
+    else if (name == EditorHandler::formatChanged)
+        m_ref->activeCommands = text.split(u' ', Qt::SkipEmptyParts);
+    else if (name == EditorHandler::linkOpened)
+        Q_EMIT linkOpened(QUrl(text));
 }
 
 void ComposeEditorCoordinator::receiveContent(const QString &html) {
@@ -54,19 +67,28 @@ void ComposeEditorCoordinator::receiveContent(const QString &html) {
     Q_EMIT htmlContentChanged(html);
 }
 
+// The answer comes the way of the reports, and so after those that were sent before it.
 void ComposeEditorCoordinator::fetchContent(std::function<void(std::optional<QString>)> done) {
     if (!m_isWebViewReady)
         return done(std::nullopt);
-    m_webView->evaluateJavaScript(u"getContent()"_s, [done](const QVariant &html) {
-        done(html.typeId() == QMetaType::QString ? std::optional(html.toString()) : std::nullopt);
-    });
+    m_fetches.enqueue(std::move(done));
+    m_webView->evaluateJavaScript(EditorScript::fetchContent());
 }
 
-void ComposeEditorCoordinator::answerFetches(const std::optional<QString> &html) {
-    for (const auto &done : std::exchange(m_fetches, {}))
-        done(html);
+void ComposeEditorCoordinator::answerFetch(const std::optional<QString> &html) {
+    if (html)
+        m_lastContent = html;
+    if (!m_fetches.isEmpty())
+        m_fetches.dequeue()(html);
 }
 
+// A text over which the page has died twice is not tried a third time.
 void ComposeEditorCoordinator::webViewProcessDidTerminate() {
-    answerFetches(std::nullopt);
+    m_isWebViewReady = false;
+    while (!m_fetches.isEmpty())
+        answerFetch(std::nullopt);
+    if (m_lostContent && m_lostContent == m_lastContent)
+        return;
+    m_lostContent = m_lastContent.value_or(QString());
+    QMetaObject::invokeMethod(this, &ComposeEditorCoordinator::loadPage, Qt::QueuedConnection);
 }

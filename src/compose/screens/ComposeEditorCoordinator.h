@@ -3,6 +3,7 @@
 #include "platform/desktop/WebView.h"
 
 #include <QObject>
+#include <QQueue>
 
 #include <functional>
 #include <optional>
@@ -23,6 +24,8 @@ public:
 
 Q_SIGNALS:
     void htmlContentChanged(const QString &html);
+    /// A link was pressed with Ctrl held.
+    void linkOpened(const QUrl &link);
 
 private:
     void webViewDidFinish() override;
@@ -30,8 +33,9 @@ private:
     void webViewProcessDidTerminate() override;
 
     void applyInitialContent();
+    void putContent(const QString &html);
     void receiveContent(const QString &html);
-    void answerFetches(const std::optional<QString> &html);
+    void answerFetch(const std::optional<QString> &html);
 
     WebView *m_webView;
     std::shared_ptr<EditorWebViewRef> m_ref;
@@ -40,5 +44,7 @@ private:
     std::optional<QString> m_lastAppliedContent;
     /// What the page held when it last spoke.
     std::optional<QString> m_lastContent;
-    std::vector<std::function<void(std::optional<QString>)>> m_fetches;
+    /// What was in the page when its process died.
+    std::optional<QString> m_lostContent;
+    QQueue<std::function<void(std::optional<QString>)>> m_fetches;
 };

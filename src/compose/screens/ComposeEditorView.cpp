@@ -3,9 +3,11 @@
 #include "compose/EditorPageScript.h"
 #include "compose/screens/AttachmentReceivingWebView.h"
 #include "compose/screens/ComposeEditorCoordinator.h"
+#include "compose/screens/EditorInput.h"
 #include "compose/screens/EditorWebViewRef.h"
 #include "platform/desktop/WebEngine.h"
 
+#include <QDesktopServices>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
@@ -13,10 +15,17 @@ using namespace Qt::StringLiterals;
 namespace {
 
 WebViewConfiguration editorConfiguration() {
-    return {
-        .allowsContentJavaScript = true,
-        .userScripts = {},
-        .messageHandlers = {EditorHandler::contentChanged, EditorHandler::formatChanged, EditorHandler::linkOpened}};
+    return {.allowsContentJavaScript = true,
+            .userScripts = {},
+            .messageHandlers = {EditorHandler::contentChanged, EditorHandler::contentFetched,
+                                EditorHandler::formatChanged, EditorHandler::linkOpened}};
+}
+
+// A stranger's mail says where the links of a quotation lead.
+void openLink(const QUrl &link) {
+    static const QStringList schemes{u"http"_s, u"https"_s, u"mailto"_s};
+    if (schemes.contains(link.scheme()))
+        QDesktopServices::openUrl(link);
 }
 
 } // namespace
@@ -24,21 +33,38 @@ WebViewConfiguration editorConfiguration() {
 ComposeEditorView::ComposeEditorView(std::shared_ptr<EditorWebViewRef> ref, QWidget *parent)
     : QWidget(parent)
     , m_ref(std::move(ref)) {
-    auto webView = WebEngine::shared().takeView(editorConfiguration());
-    if (!webView)
-        return;
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
+    if (auto webView = WebEngine::shared().takeView(editorConfiguration()))
+        build(std::move(webView));
+}
+
+void ComposeEditorView::build(std::unique_ptr<WebView> webView) {
     m_receiver = new AttachmentReceivingWebView(std::move(webView), this);
-    layout->addWidget(m_receiver);
+    layout()->addWidget(m_receiver);
+    setFocusProxy(m_receiver);
     m_receiver->onAttachFiles = [this](const QList<QUrl> &files) { Q_EMIT attachFiles(files); };
     m_receiver->webView()->setBackgroundColor(Qt::white);
+    watchKeys();
     m_coordinator = new ComposeEditorCoordinator(m_receiver->webView(), m_ref, m_receiver);
     connect(m_coordinator, &ComposeEditorCoordinator::htmlContentChanged, this, &ComposeEditorView::htmlContentChanged);
+    connect(m_coordinator, &ComposeEditorCoordinator::linkOpened, this, &openLink);
     QMetaObject::invokeMethod(
         this, [this] { m_ref->webView = m_receiver->webView(); }, Qt::QueuedConnection);
     m_coordinator->loadPage();
-    setFocusProxy(m_receiver);
+}
+
+void ComposeEditorView::watchKeys() {
+    auto *input = new EditorInput(this);
+    input->watch(m_receiver->webView()->widget());
+    connect(input, &EditorInput::linkRequested, m_ref.get(), &EditorWebViewRef::linkRequested);
+    connect(input, &EditorInput::toolbarRequested, m_ref.get(), &EditorWebViewRef::toolbarRequested);
+    connect(input, &EditorInput::plainPasteRequested, this, [this] { perform(EditAction::pasteAndMatchStyle); });
+}
+
+void ComposeEditorView::perform(EditAction action) {
+    if (m_receiver)
+        m_receiver->webView()->perform(action);
 }
 
 ComposeEditorView::~ComposeEditorView() {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/desktop/WebView.h"
+
 #include <QUrl>
 #include <QWidget>
 
@@ -26,12 +28,24 @@ public:
     void fetchContent(std::function<void(std::optional<QString>)> done);
     void focusEditor();
 
+public Q_SLOTS:
+    void undo() { perform(EditAction::undo); }
+    void redo() { perform(EditAction::redo); }
+    void cut() { perform(EditAction::cut); }
+    void copy() { perform(EditAction::copy); }
+    void paste() { perform(EditAction::paste); }
+    void selectAll() { perform(EditAction::selectAll); }
+
 Q_SIGNALS:
     void htmlContentChanged(const QString &html);
     /// Files were dropped on the text.
     void attachFiles(const QList<QUrl> &files);
 
 private:
+    void build(std::unique_ptr<WebView> webView);
+    void watchKeys();
+    void perform(EditAction action);
+
     std::shared_ptr<EditorWebViewRef> m_ref;
     AttachmentReceivingWebView *m_receiver = nullptr;
     ComposeEditorCoordinator *m_coordinator = nullptr;

@@ -12,9 +12,18 @@ void EditorWebViewRef::run(const QString &script) {
         view->evaluateJavaScript(script);
 }
 
+// The engine is asked how it writes the address, because only that is let through.
 void EditorWebViewRef::insertRemoteImage(const QString &address) {
-    allow(QUrl(address));
-    run(EditorScript::insertImage(address));
+    auto *view = webView.get();
+    if (!view)
+        return;
+    view->evaluateJavaScript(EditorScript::normalizedAddress(address), [self = QPointer(this), address](auto written) {
+        if (!self)
+            return;
+        if (const QUrl image(written.toString()); image.isValid())
+            self->allow(image);
+        self->run(EditorScript::insertImage(address));
+    });
 }
 
 void EditorWebViewRef::allow(const QUrl &image) {

@@ -24,8 +24,9 @@ public:
     void allowImagesAgain();
 
 Q_SIGNALS:
-    /// The person asks by keyboard for a link.
+    /// The person asks for a link, or for the toolbar, by keyboard.
     void linkRequested();
+    void toolbarRequested();
 
 private:
     void allow(const QUrl &image);

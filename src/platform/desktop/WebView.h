@@ -19,6 +19,9 @@ enum class RemoteContent {
     Drawing, ///< images, style sheets, fonts and media
 };
 
+/// What a person does to the text of an editable page.
+enum class EditAction { undo, redo, cut, copy, paste, pasteAndMatchStyle, selectAll };
+
 struct WebViewConfiguration {
     /// Off: the page's own scripts never run, and the program's run in a world that the page cannot reach.
     /// On: the program's scripts share the page's world.
@@ -60,7 +63,8 @@ public:
 
     /// `html` is UTF-8 of any size.
     virtual void load(const QByteArray &html, RemoteContent remoteContent) = 0;
-    /// Lets this one image through although remote content is blocked, until the next `load`.
+    /// Lets this one image through although remote content is blocked, until the next `load`. The address must
+    /// be written as the engine itself writes it, as `new URL(address).href` does.
     virtual void allowImage(const QUrl &url) = 0;
     /// `completion` may be empty; it gets an invalid value when the script fails or the page goes away.
     virtual void evaluateJavaScript(const QString &script, std::function<void(const QVariant &)> completion = {}) = 0;
@@ -73,6 +77,7 @@ public:
     virtual QString selectedText() const = 0;
     virtual void copySelection() = 0;
     virtual void selectAll() = 0;
+    virtual void perform(EditAction action) = 0;
 };
 
 /// What the web view module offers to the program that loads it.

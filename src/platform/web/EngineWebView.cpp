@@ -1,10 +1,10 @@
 #include "platform/web/EngineWebView.h"
 
-#include <QClipboard>
+#include "platform/web/SpellChecking.h"
+#include "platform/web/WebContextMenu.h"
+
 #include <QContextMenuEvent>
-#include <QGuiApplication>
 #include <QMenu>
-#include <QWebEngineContextMenuRequest>
 #include <QWebEngineFindTextResult>
 
 using namespace Qt::StringLiterals;
@@ -25,6 +25,26 @@ const QString reportPaint = uR"((() => {
     reportAfter(6);
 })();)"_s;
 
+QWebEnginePage::WebAction engineAction(EditAction action) {
+    switch (action) {
+    case EditAction::undo:
+        return QWebEnginePage::Undo;
+    case EditAction::redo:
+        return QWebEnginePage::Redo;
+    case EditAction::cut:
+        return QWebEnginePage::Cut;
+    case EditAction::copy:
+        return QWebEnginePage::Copy;
+    case EditAction::paste:
+        return QWebEnginePage::Paste;
+    case EditAction::pasteAndMatchStyle:
+        return QWebEnginePage::PasteAndMatchStyle;
+    case EditAction::selectAll:
+        return QWebEnginePage::SelectAll;
+    }
+    return QWebEnginePage::NoWebAction;
+}
+
 WebViewConfiguration withPaintReport(WebViewConfiguration configuration) {
     configuration.messageHandlers.append(paintedHandler);
     configuration.userScripts.append(reportPaint);
@@ -40,6 +60,8 @@ EngineWebView::EngineWebView(const WebViewConfiguration &configuration)
     setPage(m_webPage.get());
     setAcceptDrops(m_isEditable);
     connectPage();
+    if (m_isEditable)
+        checkSpelling(m_profile.get());
 }
 
 EngineWebView::~EngineWebView() {
@@ -120,28 +142,12 @@ void EngineWebView::selectAll() {
     m_webPage->triggerAction(QWebEnginePage::SelectAll);
 }
 
+void EngineWebView::perform(EditAction action) {
+    m_webPage->triggerAction(engineAction(action));
+}
+
 void EngineWebView::contextMenuEvent(QContextMenuEvent *event) {
-    auto *menu = new QMenu(this);
+    auto *menu = makeContextMenu(this, m_isEditable);
     menu->setAttribute(Qt::WA_DeleteOnClose);
-    addLinkAction(menu);
-    addEditActions(menu);
     menu->popup(event->globalPos());
-}
-
-void EngineWebView::addLinkAction(QMenu *menu) {
-    const auto *request = lastContextMenuRequest();
-    const auto link = request ? request->linkUrl() : QUrl();
-    if (link.isEmpty() || isPageURL(link))
-        return;
-    menu->addAction(tr("Copy Link"), [link] { QGuiApplication::clipboard()->setText(link.toString()); });
-    menu->addSeparator();
-}
-
-void EngineWebView::addEditActions(QMenu *menu) {
-    if (m_isEditable)
-        menu->addAction(tr("Cut"), m_webPage.get(), [this] { m_webPage->triggerAction(QWebEnginePage::Cut); });
-    menu->addAction(tr("Copy"), this, &EngineWebView::copySelection)->setEnabled(m_webPage->hasSelection());
-    if (m_isEditable)
-        menu->addAction(tr("Paste"), m_webPage.get(), [this] { m_webPage->triggerAction(QWebEnginePage::Paste); });
-    menu->addAction(tr("Select All"), this, &EngineWebView::selectAll);
 }

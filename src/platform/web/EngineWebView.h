@@ -4,8 +4,6 @@
 
 #include <QWebEngineView>
 
-class QMenu;
-
 /// A `WebView` over the web engine.
 class EngineWebView final : public QWebEngineView, public WebView {
     Q_OBJECT
@@ -25,6 +23,7 @@ public:
     QString selectedText() const override;
     void copySelection() override;
     void selectAll() override;
+    void perform(EditAction action) override;
 
 protected:
     void contextMenuEvent(QContextMenuEvent *event) override;
@@ -33,8 +32,6 @@ private:
     void connectPage();
     void finish();
     void receive(const QString &name, const QVariant &body);
-    void addLinkAction(QMenu *menu);
-    void addEditActions(QMenu *menu);
 
     const bool m_isEditable;
     const std::shared_ptr<WebProfile> m_profile;

@@ -47,5 +47,6 @@ bool RequestGate::allowsRemote(const QWebEngineUrlRequestInfo &info) const {
     if (!isWeb(info.requestUrl()))
         return false;
     const bool isImage = info.resourceType() == QWebEngineUrlRequestInfo::ResourceTypeImage;
-    return m_remoteContent == RemoteContent::Drawing || (isImage && m_allowedImages.contains(info.requestUrl()));
+    return m_remoteContent == RemoteContent::Drawing ||
+           (isImage && m_allowedImages.contains(info.requestUrl().adjusted(QUrl::RemoveFragment)));
 }

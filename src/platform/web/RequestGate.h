@@ -12,7 +12,7 @@ class RequestGate final : public QWebEngineUrlRequestInterceptor {
 public:
     using QWebEngineUrlRequestInterceptor::QWebEngineUrlRequestInterceptor;
     void reset(const QUrl &pageURL, RemoteContent content);
-    void allowImage(const QUrl &url) { m_allowedImages.insert(url); }
+    void allowImage(const QUrl &url) { m_allowedImages.insert(url.adjusted(QUrl::RemoveFragment)); }
     void interceptRequest(QWebEngineUrlRequestInfo &info) override;
 
 private:

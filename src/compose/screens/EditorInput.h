@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QObject>
+
+class QKeyEvent;
+
+/// Takes the keys of the editor that the page does not know, and keeps those that edit text from the menus.
+class EditorInput final : public QObject {
+    Q_OBJECT
+
+public:
+    using QObject::QObject;
+
+    /// The widget that gets the input is a child of the web view, which makes a new one now and then: all are watched.
+    void watch(QObject *widget);
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+Q_SIGNALS:
+    void linkRequested();
+    void toolbarRequested();
+    void plainPasteRequested();
+
+private:
+    bool handleKey(const QKeyEvent &event);
+};
