@@ -9,6 +9,7 @@
 #include "ui/screens/ErrorBanner.h"
 #include "ui/screens/FlowLayout.h"
 #include "ui/screens/FormField.h"
+#include "ui/screens/LayoutTabOrder.h"
 #include "ui/screens/MacSidebarHeader.h"
 #include "ui/screens/MailThemeBackground.h"
 #include "ui/screens/SearchBar.h"
@@ -26,6 +27,7 @@
 #include <QSignalSpy>
 #include <QStyleOption>
 #include <QTest>
+#include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
 
@@ -52,6 +54,40 @@ QColor inkOf(const QPixmap &pixmap) {
         }
     }
     return {};
+}
+
+TEST_F(KitTest, TabOrderFollowsALayoutWithPartsThatCameLater) {
+    QWidget window;
+    auto *column = new QWidget;
+    auto *last = new QPushButton(u"last"_s);
+    auto *layout = new QVBoxLayout(column);
+    auto *first = new QPushButton(u"first"_s), *third = new QPushButton(u"third"_s);
+    layout->addWidget(first);
+    layout->addWidget(third);
+    auto *outer = new QVBoxLayout(&window);
+    outer->addWidget(column);
+    outer->addWidget(last);
+    new LayoutTabOrder(column);
+    deliverQueuedEvents();
+    // One that hands the focus on to a part of itself, as a page of the web engine does.
+    auto *compound = new QWidget;
+    auto *inner = new QPushButton(u"second"_s, compound);
+    compound->setFocusPolicy(Qt::StrongFocus);
+    compound->setFocusProxy(inner);
+    layout->insertWidget(1, compound);
+    compound->setMinimumSize(50, 50);
+    showActive(window);
+    deliverQueuedEvents();
+    first->setFocus();
+    EXPECT_EQ(tabOrder(window), (QStringList{u"first"_s, u"second"_s, u"third"_s, u"last"_s}));
+    QTest::keyClick(first, Qt::Key_Backtab);
+    EXPECT_TRUE(last->hasFocus());
+    QTest::keyClick(last, Qt::Key_Backtab);
+    EXPECT_TRUE(third->hasFocus());
+    QTest::keyClick(third, Qt::Key_Backtab);
+    EXPECT_TRUE(inner->hasFocus());
+    QTest::keyClick(inner, Qt::Key_Backtab);
+    EXPECT_TRUE(first->hasFocus());
 }
 
 TEST_F(KitTest, AQuestionShowsWhatReturnWouldAnswer) {

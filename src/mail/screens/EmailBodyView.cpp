@@ -2,9 +2,12 @@
 
 #include "mail/screens/EmailHTMLView.h"
 #include "mail/screens/PlainTextView.h"
+#include "ui/screens/StyleShapes.h"
 
+#include <QApplication>
 #include <QDesktopServices>
 #include <QFocusEvent>
+#include <QPainter>
 #include <QVBoxLayout>
 
 EmailBodyView::EmailBodyView(std::shared_ptr<AppState> appState, std::shared_ptr<EmailDetailState> state,
@@ -16,6 +19,7 @@ EmailBodyView::EmailBodyView(std::shared_ptr<AppState> appState, std::shared_ptr
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_textView, 0, Qt::AlignTop);
+    connect(qApp, &QApplication::focusChanged, this, qOverload<>(&QWidget::update));
     observe(&m_appState->themeManager, this, &EmailBodyView::applyTheme);
 }
 
@@ -24,6 +28,15 @@ void EmailBodyView::applyTheme() {
     m_textView->setTheme(theme);
     if (m_htmlView)
         m_htmlView->setTheme(theme);
+}
+
+// A page leaves a rim for it; the text shows by itself that it has the focus.
+void EmailBodyView::paintEvent(QPaintEvent *) {
+    const bool hasFocus = m_htmlView && m_htmlView->isAncestorOf(QApplication::focusWidget());
+    if (!hasFocus || !window()->testAttribute(Qt::WA_KeyboardFocusChange))
+        return;
+    QPainter painter(this);
+    paintFocusRing(&painter, rect(), 0, m_appState->themeManager.currentTheme());
 }
 
 void EmailBodyView::render() {
@@ -39,6 +52,8 @@ void EmailBodyView::render() {
     }
     if (m_htmlView)
         m_htmlView->setVisible(body == EmailDetailState::Body::html);
+    const int rim = body == EmailDetailState::Body::html ? int(StyleMetrics::focusRingWidth) : 0;
+    layout()->setContentsMargins(rim, rim, rim, rim);
 }
 
 void EmailBodyView::clear() {

@@ -33,8 +33,11 @@ void appendTree(QWidget *widget, QWidgetList &tree) {
         appendTree(part, tree);
 }
 
+/// By itself, or for the part of it that stands for it.
 bool takesTab(const QWidget *widget) {
-    return widget->focusPolicy() & Qt::TabFocus && !widget->focusProxy();
+    while (widget->focusProxy())
+        widget = widget->focusProxy();
+    return widget->focusPolicy() & Qt::TabFocus;
 }
 
 } // namespace
