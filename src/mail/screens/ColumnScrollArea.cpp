@@ -11,6 +11,8 @@ ColumnScrollArea::ColumnScrollArea(QWidget *parent)
 
 // In place of the scroll area's own, which shows the middle of a tall part.
 bool ColumnScrollArea::focusNextPrevChild(bool next) {
+    // The key is not seen where it comes by way of a page of the web engine.
+    window()->setAttribute(Qt::WA_KeyboardFocusChange);
     if (!QWidget::focusNextPrevChild(next))
         return false;
     auto *focused = focusWidget();
