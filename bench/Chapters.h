@@ -20,5 +20,7 @@ void measureMessages(AppDriver &driver);
 void measureThreads(AppDriver &driver, const QString &serverAddress);
 /// A big file from the click to the save panel.
 void measureAttachment(AppDriver &driver, const RawServer &server);
+/// Writing messages: new ones, replies to long ones, and big files that go along.
+void measureWriting(AppDriver &driver);
 /// Changes of one row and of a whole page. The mailbox is no longer the same after it.
 void measureActions(AppDriver &driver, const RawServer &server);

@@ -12,7 +12,8 @@ namespace {
 
 constexpr int inboxMessages = 10000;
 constexpr int archiveMessages = 2000;
-constexpr int letterSize = 20 * 1024; // bytes
+constexpr int letterSize = 20 * 1024;       // bytes
+constexpr int longLetterSize = 1024 * 1024; // bytes
 
 QString letterHead() {
     return u"<!DOCTYPE html><html><head><style>body{margin:0;font-family:sans-serif} .row "
@@ -30,9 +31,9 @@ QString letterRow(int number) {
            "</p></td><td class='price' align='right'>%1.90</td></tr></table></td></tr>"_s.arg(number);
 }
 
-QString letter(int first) {
+QString letter(int first, int size = letterSize) {
     auto html = letterHead();
-    for (int row = 0; html.size() < letterSize; ++row)
+    for (int row = 0; html.size() < size; ++row)
         html += letterRow(first + row);
     return html + u"</table></body></html>"_s;
 }
@@ -46,13 +47,13 @@ QString prose(int number) {
     return text;
 }
 
-QString message(int number, const QString &subject, const QDateTime &date) {
-    const bool isLetter = number % 2 == 0;
+QString message(int number, const QString &subject, const QDateTime &date, const QString &html) {
+    const bool isLetter = !html.isEmpty();
     return u"From: Vera Sommer <vera%1@sommer.example>\r\nTo: Dana Okafor <dana@corvanite.example>\r\n"
            "Subject: %5\r\nDate: %2\r\nMessage-ID: <bench-%1@corvanite.example>\r\n"
            "MIME-Version: 1.0\r\nContent-Type: text/%3; charset=utf-8\r\n\r\n%4"_s.arg(number)
-               .arg(date.toString(Qt::RFC2822Date), isLetter ? u"html"_s : u"plain"_s,
-                    isLetter ? letter(number) : prose(number), subject);
+               .arg(date.toString(Qt::RFC2822Date), isLetter ? u"html"_s : u"plain"_s, isLetter ? html : prose(number),
+                    subject);
 }
 
 } // namespace
@@ -66,6 +67,8 @@ Mailbox::Mailbox() {
         writeNewest(number);
     for (int number = 0; number < threadMessages; ++number)
         writeThreadMessage(number);
+    fill(folder(longLetterFolder()), 0);
+    writeLongLetter();
 }
 
 void Mailbox::fill(const QString &folder, int messages, qint64 fileMegabytes) {
@@ -84,9 +87,18 @@ void Mailbox::writeThreadMessage(int number) {
     write(folder(threadFolder()), number, u"S"_s, u"Re: The harbour in winter"_s);
 }
 
+void Mailbox::writeLongLetter() {
+    write(folder(longLetterFolder()), 0, u"S"_s, u"All offers of the year"_s, letter(0, longLetterSize));
+}
+
 void Mailbox::write(const QString &folder, int number, const QString &flags, const QString &subject) {
+    write(folder, number, flags, subject, number % 2 == 0 ? letter(number) : QString());
+}
+
+void Mailbox::write(const QString &folder, int number, const QString &flags, const QString &subject,
+                    const QString &html) {
     const auto date = QDateTime::currentDateTime().addSecs(number);
     QFile file(u"%1/cur/%2.N%3.corvanite:2,%4"_s.arg(folder).arg(date.toSecsSinceEpoch()).arg(number).arg(flags));
-    if (!file.open(QIODevice::WriteOnly) || file.write(message(number, subject, date).toUtf8()) < 0)
+    if (!file.open(QIODevice::WriteOnly) || file.write(message(number, subject, date, html).toUtf8()) < 0)
         throw std::runtime_error("a message could not be written");
 }

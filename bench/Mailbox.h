@@ -5,7 +5,7 @@
 
 /// A mailbox to measure with: an inbox of 10,000 messages, an archive of 2,000, and on top of the inbox newer messages
 /// of which every second one is a newsletter of 20 KB of HTML and the others are plain text. A folder holds such
-/// messages as one thread, and another a message with a big file.
+/// messages as one thread, another a message with a big file, and another a newsletter of 1 MB.
 class Mailbox {
 public:
     static constexpr int newestMessages = 40;
@@ -17,13 +17,16 @@ public:
     QString path() const { return m_folder.path(); }
     static QString threadFolder() { return QStringLiteral("Thread"); }
     static QString fileFolder() { return QStringLiteral("Files"); }
+    static QString longLetterFolder() { return QStringLiteral("Long"); }
 
 private:
     QString folder(const QString &name) const { return path() + QStringLiteral("/.") + name; }
     void fill(const QString &folder, int messages, qint64 fileMegabytes = 0);
     void writeNewest(int number);
     void writeThreadMessage(int number);
+    void writeLongLetter();
     void write(const QString &folder, int number, const QString &flags, const QString &subject);
+    void write(const QString &folder, int number, const QString &flags, const QString &subject, const QString &html);
 
     QTemporaryDir m_folder;
 };

@@ -18,7 +18,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int warmUpTime = 4000; // milliseconds
-const QStringList insideChapters{u"list"_s, u"message"_s, u"threads"_s, u"attachment"_s, u"actions"_s};
+const QStringList insideChapters{u"list"_s, u"message"_s, u"threads"_s, u"attachment"_s, u"writing"_s, u"actions"_s};
 
 bool isWanted(const QString &chapter) {
     const auto wanted = QCoreApplication::arguments().mid(1);
@@ -51,6 +51,8 @@ void measureFromInside(const RawServer &server, const QString &address) {
         measureThreads(driver, address);
     if (isWanted(u"attachment"_s))
         measureAttachment(driver, server);
+    if (isWanted(u"writing"_s))
+        measureWriting(driver);
     if (isWanted(u"actions"_s))
         measureActions(driver, server);
 }

@@ -38,6 +38,7 @@ public:
 
     /// Fills the message; a second call does nothing.
     void start();
+    bool isFilled() const { return m_isFilled; }
     void editorChanged(const QString &html);
     /// The person has typed in "To".
     void recipientsEdited(const QString &text);
@@ -101,6 +102,7 @@ private:
     const ComposeRequest m_request;
     const QUuid m_presentation;
     bool m_didInitialize = false;
+    bool m_isFilled = false;
     bool m_isClosed = false;
     /// How many groups of files are being read.
     int m_attaching = 0;

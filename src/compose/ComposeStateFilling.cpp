@@ -20,6 +20,7 @@ QCoro::Task<> ComposeState::fill() {
     }
     connect(m_appState.get(), &ObservableObject::changed, this, &ComposeState::takeInSharedItems);
     takeInSharedItems();
+    m_isFilled = true;
     Q_EMIT filled();
 }
 

@@ -52,9 +52,11 @@ public:
     }
 
     int activations = 0;
+    QStringList opened;
 
 public Q_SLOTS:
     void Activate(const QVariantMap &) { ++activations; }
+    void Open(const QStringList &uris, const QVariantMap &) { opened = uris; }
 
 private:
     QDBusConnection m_bus = QDBusConnection::connectToBus(QDBusConnection::SessionBus, u"running"_s);
@@ -68,6 +70,16 @@ TEST(Desktop, FollowsTheDesktopsChoiceOfDarkWindows) {
     EXPECT_TRUE(AppDriver::waitUntil([&] { return themeID() == u"amoled"_s; }));
     portal.change(prefersLight);
     EXPECT_TRUE(AppDriver::waitUntil([&] { return themeID() == u"light"_s; }));
+}
+
+TEST(Desktop, HandsALinkToTheRunningProgram) {
+    RunningInstance running;
+    QProcess program;
+    const auto link = u"mailto:ada@example.org?subject=A%20%26%20B"_s;
+    program.start(QString::fromUtf8(CORVANITE_PROGRAM), {link});
+    ASSERT_TRUE(AppDriver::waitUntil([&] { return program.state() == QProcess::NotRunning; }));
+    EXPECT_EQ(program.exitCode(), 0);
+    EXPECT_EQ(running.opened, QStringList{link});
 }
 
 TEST(Desktop, HandsASecondStartToTheRunningProgram) {

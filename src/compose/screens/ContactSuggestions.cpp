@@ -18,7 +18,8 @@ QString rowText(const Contact &contact) {
 } // namespace
 
 ContactSuggestions::ContactSuggestions(std::shared_ptr<ComposeState> state, QLineEdit *field)
-    : m_state(std::move(state))
+    : QListWidget(field)
+    , m_state(std::move(state))
     , m_field(field) {
     setFocusPolicy(Qt::NoFocus);
     setAccessibleName(tr("Suggestions"));
@@ -104,12 +105,13 @@ void ContactSuggestions::render() {
     setVisible(isWanted);
 }
 
-// It lies over whatever stands below the field.
+// It lies over whatever stands below the field on its screen.
 void ContactSuggestions::place() {
-    if (parentWidget() != m_field->window())
-        setParent(m_field->window());
+    auto *screen = m_field->parentWidget()->parentWidget();
+    if (parentWidget() != screen)
+        setParent(screen);
     const auto rows = std::min(count(), mostRows);
     const auto height = rows * sizeHintForRow(0) + 2 * frameWidth();
-    setGeometry({m_field->mapTo(m_field->window(), QPoint(0, m_field->height() + 2)), QSize(m_field->width(), height)});
+    setGeometry({m_field->mapTo(screen, QPoint(0, m_field->height() + 2)), QSize(m_field->width(), height)});
     raise();
 }
