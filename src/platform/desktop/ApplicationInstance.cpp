@@ -14,15 +14,18 @@ const auto interfaceName = u"org.freedesktop.Application"_s;
 constexpr int activationTimeout = 2000; // milliseconds
 
 /// Whether another process answered that it comes to the front.
-bool askOtherToActivate(QDBusConnection &bus) {
-    auto call = QDBusMessage::createMethodCall(serviceName, objectPath, interfaceName, u"Activate"_s);
+bool handOver(const QStringList &urls, QDBusConnection &bus) {
+    const auto method = urls.isEmpty() ? u"Activate"_s : u"Open"_s;
+    auto call = QDBusMessage::createMethodCall(serviceName, objectPath, interfaceName, method);
+    if (!urls.isEmpty())
+        call << urls;
     call << QVariantMap();
     return bus.call(call, QDBus::Block, activationTimeout).type() == QDBusMessage::ReplyMessage;
 }
 
 } // namespace
 
-ApplicationInstance::ApplicationInstance(QObject *parent)
+ApplicationInstance::ApplicationInstance(const QStringList &urls, QObject *parent)
     : QObject(parent) {
     auto bus = QDBusConnection::sessionBus();
     if (!bus.isConnected())
@@ -30,7 +33,7 @@ ApplicationInstance::ApplicationInstance(QObject *parent)
     bus.registerObject(objectPath, this, QDBusConnection::ExportScriptableSlots);
     if (bus.registerService(serviceName))
         m_role = Role::primary;
-    else if (askOtherToActivate(bus))
+    else if (handOver(urls, bus))
         m_role = Role::secondary;
 }
 
@@ -44,8 +47,10 @@ void ApplicationInstance::Activate(const QVariantMap &) {
     Q_EMIT activated();
 }
 
-void ApplicationInstance::Open(const QStringList &, const QVariantMap &) {
+void ApplicationInstance::Open(const QStringList &uris, const QVariantMap &) {
     Q_EMIT activated();
+    for (const auto &uri : uris)
+        Q_EMIT urlOpened(uri);
 }
 
 void ApplicationInstance::prepareForSleep(bool isStarting) {

@@ -10,13 +10,14 @@ public:
     enum class Role {
         /// This process owns the name; later starts are handed to it.
         primary,
-        /// Another process owns it and has been asked to come to the front.
+        /// Another process owns it and has been asked to come to the front and to open the links.
         secondary,
         /// There is no session bus, or nobody who answers on it: this process minds its own business.
         alone
     };
 
-    explicit ApplicationInstance(QObject *parent = nullptr);
+    /// `urls` are what this start is to open.
+    explicit ApplicationInstance(const QStringList &urls = {}, QObject *parent = nullptr);
 
     Role role() const { return m_role; }
     /// Tells from now on when the machine wakes up. For after the start: it asks the system's bus.
@@ -25,6 +26,8 @@ public:
 Q_SIGNALS:
     /// The program was started again, or clicked on, while it runs.
     void activated();
+    /// The desktop hands over a link, such as one that begins with "mailto:".
+    void urlOpened(const QString &url);
     void wokeFromSleep();
 
 public Q_SLOTS:
