@@ -23,8 +23,11 @@ bool isNumber(const QVariant &value) {
 } // namespace
 
 void EmailHTMLCoordinator::update(const EmailHTMLInputs &inputs) {
-    if (matchesGuards(inputs))
+    if (matchesGuards(inputs)) {
+        if (m_loadedBuild == m_build)
+            Q_EMIT pageKept();
         return;
+    }
     storeGuards(inputs);
     buildPage(inputs);
 }
@@ -45,8 +48,10 @@ void EmailHTMLCoordinator::buildPage(const EmailHTMLInputs &inputs) {
     const auto build = ++m_build;
     const auto makePage = [inputs] { return emailHTMLPage(inputs.html, inputs.theme, inputs.showImages).toUtf8(); };
     runInBackground(makePage, this, [this, build](const QByteArray &page) {
-        if (build == m_build)
-            load(page);
+        if (build != m_build)
+            return;
+        m_loadedBuild = build;
+        load(page);
     });
 }
 

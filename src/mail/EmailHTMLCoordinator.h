@@ -50,6 +50,6 @@ private:
     std::optional<QString> m_lastThemeID;
     std::optional<bool> m_lastDarkMode;
     std::optional<bool> m_lastShowImages;
-    quint64 m_build = 0;
+    quint64 m_build = 0, m_loadedBuild = 0;
     qreal m_contentHeight = 100;
 };

@@ -87,6 +87,14 @@ TEST_F(EmailHTMLViewTest, FormerMessageNeverShowsInTheNext) {
     EXPECT_FALSE(sawFormer);
 }
 
+TEST_F(EmailHTMLViewTest, MessageIsShownAgainAfterAnotherThatWasNeverLoaded) {
+    column.show(block(2000, u"#ff0000"_s));
+    ASSERT_TRUE(column.waitForColor(middle, QColor(255, 0, 0)));
+    column.body->setHtml(block(2000, u"#00ff00"_s));
+    column.body->setHtml(block(2000, u"#ff0000"_s));
+    EXPECT_TRUE(column.waitForColor(middle, QColor(255, 0, 0)));
+}
+
 TEST_F(EmailHTMLViewTest, FollowsTheThemeWithoutAnyColorOfItsOwn) {
     column.show(block(10, u"red"_s));
     EXPECT_TRUE(column.waitForColor({400, 180}, Qt::white));

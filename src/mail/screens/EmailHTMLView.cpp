@@ -23,7 +23,7 @@ EmailHTMLView::EmailHTMLView(QWidget *parent)
     setFixedHeight(int(m_coordinator.contentHeight()));
     connect(m_column, &ScrollingColumn::windowChanged, this, &EmailHTMLView::place);
     connect(&m_coordinator, &EmailHTMLCoordinator::loadRequested, this, &EmailHTMLView::load);
-    connect(&m_coordinator, &EmailHTMLCoordinator::pageKept, this, &EmailHTMLView::reveal);
+    connect(&m_coordinator, &EmailHTMLCoordinator::pageKept, this, &EmailHTMLView::keepPage);
     connect(&m_coordinator, &EmailHTMLCoordinator::contentHeightChanged, this, &EmailHTMLView::applyHeight);
     connect(&m_coordinator, &EmailHTMLCoordinator::contentHeightChanged, this, &EmailHTMLView::contentHeightChanged);
     connect(m_input, &EmailHTMLInput::zoomChanged, this, &EmailHTMLView::applyZoom);
@@ -95,7 +95,7 @@ void EmailHTMLView::load(const QByteArray &page, bool showImages) {
     delete std::exchange(m_plainView, nullptr);
     m_sentOffset = -1;
     m_fitScale = 1;
-    m_awaitsPage = false;
+    m_awaitsPage = m_isPainted = false;
     setOverflow(0);
     m_webView->load(page, showImages ? RemoteContent::Drawing : RemoteContent::Blocked);
 }
@@ -182,7 +182,13 @@ void EmailHTMLView::webViewDidPaint() {
         reveal();
 }
 
+void EmailHTMLView::keepPage() {
+    if (std::exchange(m_awaitsPage, false) && m_isPainted)
+        reveal();
+}
+
 void EmailHTMLView::reveal() {
+    m_isPainted = true;
     m_cover->hide();
     Q_EMIT painted();
 }

@@ -68,6 +68,7 @@ private:
     void place();
     void followPage(qreal pageOffset);
     void setFitScale(qreal scale);
+    void keepPage();
     void reveal();
     void moveSideways(int distance);
     void applyZoom();
@@ -83,6 +84,8 @@ private:
     bool m_hasReloaded = false;
     /// The page of this message is still being built: what is painted now is of the one before.
     bool m_awaitsPage = false;
+    /// The page that was loaded last has been on the screen.
+    bool m_isPainted = false;
     /// By which the page has scaled itself down, so that its whole width can be seen.
     qreal m_fitScale = 1;
     /// In CSS pixels below the body.
