@@ -8,6 +8,7 @@ QByteArray editorPageScript() {
     return R"(
 'use strict';
 const reportDelay = 300;
+const markerKeyPatience = 1000;
 const frameSelector = 'iframe, frame, object, embed, portal';
 const run = Document.prototype.execCommand.bind(document);
 const isOn = Document.prototype.queryCommandState.bind(document);
@@ -28,6 +29,24 @@ function report() {
     clearTimeout(reportTimer);
     handlers.contentChanged.postMessage(getContent());
 }
+
+// Keys come another way than calls and later, so the answer waits for the key that was pressed last of all.
+let answers = 0;
+
+function answerFetch() {
+    ++answers;
+    handlers.contentFetched.postMessage(getContent());
+}
+
+function fetchContent(number) {
+    setTimeout(() => { if (answers < number) answerFetch(); }, markerKeyPatience);
+}
+
+window.addEventListener('keydown', event => {
+    if (event.key !== 'F24') return;
+    event.preventDefault();
+    answerFetch();
+}, true);
 
 function execCmd(cmd, value) {
     run(cmd, false, value || null);

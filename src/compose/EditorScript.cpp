@@ -18,8 +18,8 @@ QString EditorScript::setContent(const QString &html) {
     return call(u"setContent"_s, escaped(html));
 }
 
-QString EditorScript::fetchContent() {
-    return u"window.webkit.messageHandlers.contentFetched.postMessage(getContent());"_s;
+QString EditorScript::fetchContent(int number) {
+    return u"fetchContent(%1);"_s.arg(number);
 }
 
 QString EditorScript::command(const QString &name) {

@@ -5,8 +5,9 @@
 /// The texts that the program has the editor's page run, one call each.
 struct EditorScript {
     static QString setContent(const QString &html);
-    /// Has the page post what it holds to the handler "contentFetched".
-    static QString fetchContent();
+    /// Has the page post what it holds to the handler "contentFetched" when the marker key does not make it do so soon.
+    /// Fetches are numbered from 1.
+    static QString fetchContent(int number);
     static QString command(const QString &name);
     /// `url` as it was typed.
     static QString createLink(const QString &url);

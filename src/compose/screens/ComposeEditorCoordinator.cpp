@@ -21,6 +21,7 @@ ComposeEditorCoordinator::~ComposeEditorCoordinator() {
 
 void ComposeEditorCoordinator::loadPage() {
     m_isWebViewReady = false;
+    m_lastFetch = 0;
     m_webView->load(editorPage(makeEditorNonce()), RemoteContent::Blocked);
     m_ref->allowImagesAgain();
 }
@@ -72,7 +73,8 @@ void ComposeEditorCoordinator::fetchContent(std::function<void(std::optional<QSt
     if (!m_isWebViewReady)
         return done(std::nullopt);
     m_fetches.enqueue(std::move(done));
-    m_webView->evaluateJavaScript(EditorScript::fetchContent());
+    m_webView->evaluateJavaScript(EditorScript::fetchContent(++m_lastFetch));
+    m_webView->pressMarkerKey();
 }
 
 void ComposeEditorCoordinator::answerFetch(const std::optional<QString> &html) {

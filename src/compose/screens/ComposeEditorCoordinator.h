@@ -46,5 +46,6 @@ private:
     std::optional<QString> m_lastContent;
     /// What was in the page when its process died.
     std::optional<QString> m_lostContent;
+    int m_lastFetch = 0;
     QQueue<std::function<void(std::optional<QString>)>> m_fetches;
 };

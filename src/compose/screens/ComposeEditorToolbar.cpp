@@ -25,11 +25,12 @@ ComposeEditorToolbar::ComposeEditorToolbar(std::shared_ptr<EditorWebViewRef> web
     addParagraphButtons();
     addInsertButtons();
     for (auto *button : std::as_const(m_buttons))
-        button->setFocusPolicy(button == m_buttons.first() ? Qt::TabFocus : Qt::NoFocus);
-    setFocusProxy(m_buttons.first());
+        button->setFocusPolicy(Qt::NoFocus);
+    m_current = m_buttons.first();
+    m_current->setFocusPolicy(Qt::TabFocus);
     connect(m_ref.get(), &EditorWebViewRef::linkRequested, this, &ComposeEditorToolbar::insertLink);
     connect(m_ref.get(), &EditorWebViewRef::toolbarRequested, this,
-            [this] { focusProxy()->setFocus(Qt::ShortcutFocusReason); });
+            [this] { m_current->setFocus(Qt::ShortcutFocusReason); });
     observe(m_ref.get(), this, &ComposeEditorToolbar::render);
 }
 
@@ -157,13 +158,13 @@ bool ComposeEditorToolbar::eventFilter(QObject *watched, QEvent *event) {
 }
 
 void ComposeEditorToolbar::moveFocus(int step) {
-    const auto current = m_buttons.indexOf(static_cast<IconButton *>(focusProxy()));
-    focusButton(m_buttons[std::clamp(current + step, qsizetype(0), m_buttons.size() - 1)]);
+    const auto next = m_buttons.indexOf(m_current) + step;
+    focusButton(m_buttons[std::clamp(next, qsizetype(0), m_buttons.size() - 1)]);
 }
 
 void ComposeEditorToolbar::focusButton(IconButton *button) {
-    focusProxy()->setFocusPolicy(Qt::NoFocus);
+    m_current->setFocusPolicy(Qt::NoFocus);
     button->setFocusPolicy(Qt::TabFocus);
-    setFocusProxy(button);
+    m_current = button;
     button->setFocus(Qt::TabFocusReason);
 }

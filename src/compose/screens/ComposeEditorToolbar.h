@@ -45,5 +45,7 @@ private:
 
     std::shared_ptr<EditorWebViewRef> m_ref;
     QList<IconButton *> m_buttons;
+    /// The one that the Tab key stops at.
+    IconButton *m_current = nullptr;
     std::vector<Toggle> m_toggles;
 };

@@ -5,6 +5,7 @@
 #include "compose/screens/ComposeEditorCoordinator.h"
 #include "compose/screens/EditorInput.h"
 #include "compose/screens/EditorWebViewRef.h"
+#include "compose/screens/PlainEditor.h"
 #include "platform/desktop/WebEngine.h"
 
 #include <QDesktopServices>
@@ -37,6 +38,8 @@ ComposeEditorView::ComposeEditorView(std::shared_ptr<EditorWebViewRef> ref, QWid
     layout->setContentsMargins(0, 0, 0, 0);
     if (auto webView = WebEngine::shared().takeView(editorConfiguration()))
         build(std::move(webView));
+    else
+        buildPlain();
 }
 
 void ComposeEditorView::build(std::unique_ptr<WebView> webView) {
@@ -52,6 +55,13 @@ void ComposeEditorView::build(std::unique_ptr<WebView> webView) {
     QMetaObject::invokeMethod(
         this, [this] { m_ref->webView = m_receiver->webView(); }, Qt::QueuedConnection);
     m_coordinator->loadPage();
+}
+
+void ComposeEditorView::buildPlain() {
+    m_plain = new PlainEditor(WebEngine::shared().unavailableReason(), this);
+    layout()->addWidget(m_plain);
+    setFocusProxy(m_plain);
+    connect(m_plain, &PlainEditor::htmlContentChanged, this, &ComposeEditorView::htmlContentChanged);
 }
 
 void ComposeEditorView::watchKeys() {
@@ -75,14 +85,17 @@ ComposeEditorView::~ComposeEditorView() {
 void ComposeEditorView::setInitialContent(const QString &html) {
     if (m_coordinator)
         m_coordinator->setInitialContent(html);
+    else if (!html.isEmpty() && std::exchange(m_plainContent, html) != html)
+        m_plain->setContent(html);
 }
 
 void ComposeEditorView::fetchContent(std::function<void(std::optional<QString>)> done) {
-    if (!m_coordinator)
-        return done(std::nullopt);
-    m_coordinator->fetchContent(std::move(done));
+    if (m_coordinator)
+        m_coordinator->fetchContent(std::move(done));
+    else
+        done(m_plain->html());
 }
 
 void ComposeEditorView::focusEditor() {
-    m_ref->focusEditor();
+    setFocus(Qt::OtherFocusReason);
 }

@@ -12,8 +12,9 @@
 class AttachmentReceivingWebView;
 class ComposeEditorCoordinator;
 class EditorWebViewRef;
+class PlainEditor;
 
-/// The message as it is written: a page of the web engine.
+/// The message as it is written: a page of the web engine, or plain text where there is none.
 class ComposeEditorView final : public QWidget {
     Q_OBJECT
 
@@ -43,10 +44,14 @@ Q_SIGNALS:
 
 private:
     void build(std::unique_ptr<WebView> webView);
+    void buildPlain();
     void watchKeys();
     void perform(EditAction action);
 
     std::shared_ptr<EditorWebViewRef> m_ref;
     AttachmentReceivingWebView *m_receiver = nullptr;
     ComposeEditorCoordinator *m_coordinator = nullptr;
+    /// In the place of both where there is no web engine.
+    PlainEditor *m_plain = nullptr;
+    QString m_plainContent;
 };

@@ -20,19 +20,25 @@ void EditorWebViewRef::insertRemoteImage(const QString &address) {
     view->evaluateJavaScript(EditorScript::normalizedAddress(address), [self = QPointer(this), address](auto written) {
         if (!self)
             return;
-        if (const QUrl image(written.toString()); image.isValid())
-            self->allow(image);
+        self->allow(QUrl(written.toString()));
         self->run(EditorScript::insertImage(address));
     });
 }
 
+// A host that answers in the clear only in order to lead to its encrypted side is let do so; the gate stops every other
+// redirection, since it cannot be told from a request of quoted mail.
 void EditorWebViewRef::allow(const QUrl &image) {
-    m_images.append(image);
-    if (auto *view = webView.get())
-        view->allowImage(image);
+    if (!image.isValid())
+        return;
+    auto encrypted = image;
+    encrypted.setScheme(u"https"_s);
+    m_images << image << encrypted;
+    allowImagesAgain();
 }
 
 void EditorWebViewRef::allowImagesAgain() {
+    if (!webView.get())
+        return;
     for (const auto &image : std::as_const(m_images))
         webView.get()->allowImage(image);
 }

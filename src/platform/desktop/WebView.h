@@ -78,6 +78,8 @@ public:
     virtual void copySelection() = 0;
     virtual void selectAll() = 0;
     virtual void perform(EditAction action) = 0;
+    /// Presses F24, which no keyboard has: when the page sees it, it has seen all keys that were pressed before.
+    virtual void pressMarkerKey() = 0;
 };
 
 /// What the web view module offers to the program that loads it.

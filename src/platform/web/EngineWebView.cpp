@@ -1,9 +1,9 @@
 #include "platform/web/EngineWebView.h"
 
-#include "platform/web/SpellChecking.h"
 #include "platform/web/WebContextMenu.h"
 
 #include <QContextMenuEvent>
+#include <QCoreApplication>
 #include <QMenu>
 #include <QWebEngineFindTextResult>
 
@@ -60,8 +60,6 @@ EngineWebView::EngineWebView(const WebViewConfiguration &configuration)
     setPage(m_webPage.get());
     setAcceptDrops(m_isEditable);
     connectPage();
-    if (m_isEditable)
-        checkSpelling(m_profile.get());
 }
 
 EngineWebView::~EngineWebView() {
@@ -144,6 +142,13 @@ void EngineWebView::selectAll() {
 
 void EngineWebView::perform(EditAction action) {
     m_webPage->triggerAction(engineAction(action));
+}
+
+void EngineWebView::pressMarkerKey() {
+    for (const auto type : {QEvent::KeyPress, QEvent::KeyRelease}) {
+        QKeyEvent event(type, Qt::Key_F24, Qt::NoModifier);
+        QCoreApplication::sendEvent(focusProxy(), &event);
+    }
 }
 
 void EngineWebView::contextMenuEvent(QContextMenuEvent *event) {

@@ -24,6 +24,7 @@ public:
     void copySelection() override;
     void selectAll() override;
     void perform(EditAction action) override;
+    void pressMarkerKey() override;
 
 protected:
     void contextMenuEvent(QContextMenuEvent *event) override;

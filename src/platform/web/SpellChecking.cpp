@@ -1,5 +1,6 @@
 #include "platform/web/SpellChecking.h"
 
+#include "platform/BackgroundWork.h"
 #include "platform/web/WebProfile.h"
 
 #include <QDateTime>
@@ -8,6 +9,7 @@
 #include <QLocale>
 #include <QProcess>
 #include <QStandardPaths>
+#include <QTemporaryFile>
 
 using namespace Qt::StringLiterals;
 
@@ -16,14 +18,15 @@ namespace {
 const QString systemDictionaries = u"/usr/share/hunspell"_s;
 const QString convertedDictionaries = u"/usr/share/hunspell-bdic"_s;
 
-/// "de_DE" for each of the person's languages, the most wanted first.
+/// Names such as "de_AT", the most wanted first: after each of the person's languages its most common kind.
 QStringList wantedLanguages() {
     QStringList languages;
     for (const auto &tag : QLocale().uiLanguages()) {
-        const auto name = QLocale(tag).name();
-        if (name.contains(u'_') && !languages.contains(name))
-            languages.append(name);
+        const QLocale locale(tag);
+        if (locale.language() != QLocale::C)
+            languages << locale.name() << QLocale(locale.language()).name();
     }
+    languages.removeDuplicates();
     return languages;
 }
 
@@ -50,41 +53,41 @@ bool isOlder(const QString &file, const QString &than) {
     return QFileInfo(file).lastModified() < QFileInfo(than).lastModified();
 }
 
-void enable(WebProfile *profile, const QString &language) {
-    auto languages = profile->spellCheckLanguages();
-    if (!languages.contains(language))
-        profile->setSpellCheckLanguages(languages << language);
-    profile->setSpellCheckEnabled(true);
+bool run(const QString &program, const QStringList &arguments) {
+    QProcess process;
+    process.setStandardOutputFile(QProcess::nullDevice());
+    process.setStandardErrorFile(QProcess::nullDevice());
+    process.start(program, arguments);
+    return process.waitForFinished() && process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0;
 }
 
-// The engine opens dictionaries of one folder, and takes what is half written for broken.
-void convert(WebProfile *profile, const QString &source, const QString &target, const QString &language) {
+// The engine would take what is half written for broken.
+bool convert(const QString &converter, const QString &source, const QString &target) {
+    QTemporaryFile partial(target + u".XXXXXX"_s);
+    if (!partial.open() || !run(converter, {source, partial.fileName()}))
+        return false;
+    const bool isInPlace = partial.rename(target);
+    partial.setAutoRemove(!isInPlace);
+    return isInPlace || QFile::exists(target);
+}
+
+void convertInBackground(const QString &source, const QString &target) {
     const auto converter = QStandardPaths::findExecutable(u"convert-bdic"_s);
-    if (converter.isEmpty())
-        return;
-    auto *process = new QProcess(profile);
-    const auto partial = target + u".part"_s;
-    QObject::connect(process, &QProcess::finished, profile, [=](int code) {
-        process->deleteLater();
-        QFile::remove(target);
-        if (code == 0 && QFile::rename(partial, target))
-            enable(profile, language);
-    });
-    process->setStandardOutputFile(QProcess::nullDevice());
-    process->setStandardErrorFile(QProcess::nullDevice());
-    process->start(converter, {source, partial});
+    if (!converter.isEmpty())
+        runInBackground([=] { return convert(converter, source, target); });
 }
 
-void provide(WebProfile *profile, const QString &language) {
+/// True when the engine can use it now.
+bool provide(const QString &language) {
     const auto source = dictionaryOf(language);
     const auto target = spellingFolder() + u'/' + language + u".bdic"_s;
     if (QFile::exists(target) && !isOlder(target, source))
-        return enable(profile, language);
+        return true;
     QFile::remove(target);
-    if (!isConverted(source))
-        convert(profile, source, target, language);
-    else if (QFile::link(source, target))
-        enable(profile, language);
+    if (isConverted(source))
+        return QFile::link(source, target);
+    convertInBackground(source, target);
+    return false;
 }
 
 } // namespace
@@ -94,12 +97,13 @@ QString spellingFolder() {
 }
 
 void checkSpelling(WebProfile *profile) {
-    if (profile->isSpellCheckEnabled() || !QDir().mkpath(spellingFolder()))
+    if (!QDir().mkpath(spellingFolder()))
         return;
     auto languages = wantedLanguages();
     languages.removeIf([](const QString &language) { return dictionaryOf(language).isEmpty(); });
     if (languages.isEmpty())
         languages = installedLanguages().mid(0, 1);
-    for (const auto &language : std::as_const(languages))
-        provide(profile, language);
+    languages.removeIf([](const QString &language) { return !provide(language); });
+    profile->setSpellCheckLanguages(languages);
+    profile->setSpellCheckEnabled(!languages.isEmpty());
 }

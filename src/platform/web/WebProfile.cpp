@@ -1,5 +1,7 @@
 #include "platform/web/WebProfile.h"
 
+#include "platform/web/SpellChecking.h"
+
 #include <QWebEngineCookieStore>
 #include <QWebEngineDownloadRequest>
 #include <QWebEngineSettings>
@@ -53,7 +55,7 @@ WebProfile::WebProfile() {
     settings()->setUnknownUrlSchemePolicy(QWebEngineSettings::AllowAllUnknownUrlSchemes);
     setHttpCacheType(MemoryHttpCache);
     setPersistentCookiesPolicy(NoPersistentCookies);
-    setSpellCheckEnabled(false);
+    checkSpelling(this);
     installUrlSchemeHandler("corvanite-page", &m_schemeHandler);
     cookieStore()->setCookieFilter([](const QWebEngineCookieStore::FilterRequest &) { return false; });
     connect(this, &QWebEngineProfile::downloadRequested, this,

@@ -1,0 +1,33 @@
+#include "compose/screens/PlainEditor.h"
+
+#include "mail/HTMLPlainText.h"
+#include "ui/screens/ThemeLabel.h"
+
+#include <QPlainTextEdit>
+#include <QVBoxLayout>
+
+using namespace Qt::StringLiterals;
+
+PlainEditor::PlainEditor(const QString &reason, QWidget *parent)
+    : QWidget(parent)
+    , m_text(new QPlainTextEdit) {
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    auto *line = new ThemeLabel(reason, TextStyle::caption, TextRole::secondary);
+    line->setWordWrap(true);
+    layout->addWidget(line);
+    layout->addWidget(m_text, 1);
+    m_text->setPlaceholderText(tr("Write your message..."));
+    m_text->setAccessibleName(tr("Message"));
+    m_text->setTabChangesFocus(true);
+    setFocusProxy(m_text);
+    connect(m_text, &QPlainTextEdit::textChanged, this, [this] { Q_EMIT htmlContentChanged(html()); });
+}
+
+void PlainEditor::setContent(const QString &html) {
+    m_text->setPlainText(plainTextFromHTML(html));
+}
+
+QString PlainEditor::html() const {
+    return m_text->toPlainText().toHtmlEscaped().replace(u'\n', u"<br>"_s);
+}
