@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/Tasks.h"
 #include "screens/ScreenTest.h"
 #include "screens/Widgets.h"
 #include "support/FakeServer.h"

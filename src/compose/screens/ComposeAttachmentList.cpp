@@ -77,10 +77,10 @@ void ComposeAttachmentList::addRow(const QString &symbol, const QString &name, q
     layout->addWidget(words, 1);
     layout->addWidget(new ThemeLabel(fileSizeText(size), TextStyle::caption, TextRole::secondary));
     layout->addWidget(removeButton);
-    pressWithReturn(removeButton);
     // In the next turn: the row goes with the attachment, and its button with it.
     connect(removeButton, &IconButton::clicked, m_state->viewModel.get(), remove, Qt::QueuedConnection);
     widget()->layout()->addWidget(row);
+    row->show(); // now, so that its button can be given the focus
 }
 
 int ComposeAttachmentList::focusedRow() const {

@@ -52,7 +52,6 @@ QPushButton *ComposeBottomBar::addButton(const QString &text, const QString &sym
 
 IconButton *ComposeBottomBar::addIconButton(const QString &symbol, const QString &help) {
     auto *button = new IconButton(symbol, help);
-    pressWithReturn(button);
     layout()->addWidget(button);
     return button;
 }
