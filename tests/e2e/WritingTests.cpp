@@ -2,12 +2,14 @@
 #include "driver/DevServerProcess.h"
 #include "driver/MessageWriter.h"
 #include "mail/screens/EmailListView.h"
+#include "platform/Tasks.h"
 
 #include <QClipboard>
 #include <QFile>
 #include <QGuiApplication>
 #include <QListView>
 #include <QProcess>
+#include <QPushButton>
 #include <gmock/gmock.h>
 
 using namespace Qt::StringLiterals;
@@ -84,4 +86,29 @@ TEST_F(Writing, ReachesTheOtherWhoAnswersAndForwards) {
     EXPECT_EQ(other.exitCode(), 0);
     ASSERT_TRUE(app.selectFolder(u"Sent"_s));
     EXPECT_TRUE(app.openMessage(Correspondence::subject)) << "no copy in Sent";
+}
+
+TEST_F(Writing, KeepsAMessageThatFailedAfterItsScreenHadGone) {
+    openNewMessage();
+    writer.fill(u"To"_s, u"ilias@corvanite.example"_s);
+    writer.fill(u"Subject"_s, u"Kept"_s);
+    ASSERT_TRUE(writer.typeText(u"Every word"_s));
+    ASSERT_TRUE(writer.dropFiles({makeFile(Correspondence::notesName, Correspondence::notes())}));
+    server.kill();
+    writer.view()->state().editorChanged(u"<p>Every word</p>"_s);
+    launch(writer.view()->state().send());
+    app.state().showCompose = false;
+    ASSERT_TRUE(AppDriver::waitUntil([&] { return app.find<QPushButton>(u"Open Message"_s) != nullptr; }));
+    EXPECT_NE(app.find(u"“Kept” was not sent: Could not connect to the server."_s), nullptr);
+
+    server.restart();
+    ASSERT_TRUE(writer.open([&] { app.click(app.find<QPushButton>(u"Open Message"_s)); }));
+    EXPECT_EQ(app.find<QPushButton>(u"Open Message"_s), nullptr);
+    const auto &message = *writer.view()->state().viewModel;
+    EXPECT_EQ(message.to.get(), u"ilias@corvanite.example"_s);
+    EXPECT_EQ(message.attachments->size(), 1U);
+    EXPECT_EQ(message.body.get(), u"<p>Every word</p>"_s);
+    ASSERT_TRUE(writer.send());
+    ASSERT_TRUE(app.selectFolder(u"Sent"_s));
+    EXPECT_TRUE(AppDriver::waitUntil([&] { return app.openMessage(u"Kept"_s); }));
 }

@@ -27,6 +27,8 @@ protected:
     }
     void open(std::optional<AppDestination> destination) {
         state->navigationDestination = destination;
+        // The section is made in the next turn, and only then begins to load.
+        deliverQueuedEvents();
         settle();
     }
     /// The list that is on show, with the number of its rows.
