@@ -167,8 +167,7 @@ void MacMailCommands::toSelection(MacMailAction action) const {
 
 void MacMailCommands::beginMessage() const {
     m_openMainWindow();
-    m_appState->composePresentationID = QUuid::createUuid();
-    m_appState->showCompose = true;
+    m_appState->presentCompose();
 }
 
 void MacMailCommands::showShortcuts() const {

@@ -101,7 +101,6 @@ private:
 
     void reply(bool toAll);
     void forward();
-    void present();
     QCoro::Task<> toggleFlag(QString name, std::optional<bool> EmailDetail::*flag);
     void takeFlag(const QString &folder, const std::vector<qint64> &uids, const QString &name, bool value);
     QString moveTarget(MacMailAction action) const;

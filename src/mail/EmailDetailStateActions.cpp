@@ -85,17 +85,12 @@ bool EmailDetailState::isFlagged() const {
 void EmailDetailState::reply(bool toAll) {
     m_appState->composeReplyTo = *viewModel->email.get();
     m_appState->composeReplyAll = toAll;
-    present();
+    m_appState->presentCompose();
 }
 
 void EmailDetailState::forward() {
     m_appState->composeForward = *viewModel->email.get();
-    present();
-}
-
-void EmailDetailState::present() {
-    m_appState->composePresentationID = QUuid::createUuid();
-    m_appState->showCompose = true;
+    m_appState->presentCompose();
 }
 
 QCoro::Task<> EmailDetailState::toggleFlag(QString name, std::optional<bool> EmailDetail::*flag) {

@@ -46,11 +46,14 @@ void EmailListActions::forward(qint64 uid) {
 }
 
 QCoro::Task<> EmailListActions::write(std::shared_ptr<AppState> appState, qint64 uid, QString folder, Prepare prepare) {
+    const auto account = appState->account();
     try {
         const auto email = co_await EmailService::getEmail(uid, folder);
+        // Somebody else may have signed in meanwhile.
+        if (account != appState->account())
+            co_return;
         prepare(*appState, email);
-        appState->composePresentationID = QUuid::createUuid();
-        appState->showCompose = true;
+        appState->presentCompose();
     } catch (const std::exception &) {
         // Nothing opens.
     }

@@ -27,10 +27,7 @@ SidebarView::SidebarView(std::shared_ptr<AppState> appState, std::shared_ptr<Mai
     connect(m_list, &SidebarList::folderEntered, this, &SidebarView::folderEntered);
 
     auto *header = new MacSidebarHeader;
-    connect(header, &MacSidebarHeader::composeRequested, this, [this] {
-        m_appState->composePresentationID = QUuid::createUuid();
-        m_appState->showCompose = true;
-    });
+    connect(header, &MacSidebarHeader::composeRequested, m_appState.get(), &AppState::presentCompose);
 
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
