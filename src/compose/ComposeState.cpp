@@ -34,6 +34,7 @@ ComposeState::ComposeState(std::shared_ptr<AppState> appState, ComposeRequest re
     : viewModel(request.unsent ? request.unsent : std::make_shared<ComposeViewModel>())
     , m_appState(std::move(appState))
     , m_request(std::move(request))
+    , m_account(m_appState->account())
     , m_presentation(m_appState->composePresentationID) {}
 
 QString ComposeState::title() const {
@@ -83,7 +84,8 @@ void ComposeState::suggest(const std::vector<Contact> &matches) {
 }
 
 void ComposeState::openTemplates() {
-    launch(loadTemplates());
+    if (!std::exchange(m_isLoadingTemplates, true))
+        launch(loadTemplates());
 }
 
 QCoro::Task<> ComposeState::loadTemplates() {
@@ -95,6 +97,7 @@ QCoro::Task<> ComposeState::loadTemplates() {
     } catch (const std::exception &) {
         // None to choose from.
     }
+    m_isLoadingTemplates = false;
     templates = loaded;
     showTemplatePicker = true;
 }
@@ -129,8 +132,11 @@ QCoro::Task<> ComposeState::writeText(QString prompt) {
     const auto context = viewModel->body->isEmpty() ? std::nullopt : std::optional(viewModel->body.get());
     try {
         const auto text = co_await service.compose(prompt, context);
-        setContent(withLineBreaks(text));
-        closeAIPrompt();
+        // Whoever closed the sheet writes on.
+        if (showAIPrompt) {
+            setContent(withLineBreaks(text));
+            closeAIPrompt();
+        }
     } catch (const std::exception &) {
         viewModel->errorMessage = errorText(std::current_exception());
     }
@@ -175,10 +181,6 @@ void ComposeState::addFile(const ComposeAttachment &file) {
         viewModel->addAttachment(file.filename, file.data, file.contentType);
 }
 
-void ComposeState::reportDropFailure(const QString &text) {
-    viewModel->errorMessage = text;
-}
-
 bool ComposeState::canSend() const {
     return !viewModel->isSending && m_attaching == 0;
 }
@@ -187,11 +189,11 @@ QCoro::Task<> ComposeState::send() {
     const auto self = shared_from_this();
     if (m_isClosed || !canSend())
         co_return;
-    const auto account = m_appState->account();
     const bool isSent = co_await viewModel->send();
+    m_isSent = isSent;
     if (m_isClosed)
-        surface(isSent, account);
-    else if (isSent)
+        surface(m_isSent, m_account);
+    else if (m_isSent)
         Q_EMIT dismissed();
 }
 
@@ -208,6 +210,9 @@ void ComposeState::surface(bool isSent, const QString &account) {
 
 void ComposeState::close() {
     m_isClosed = true;
+    // One that was opened again can be opened once more.
+    if (m_request.unsent && !m_isSent && !viewModel->isSending)
+        surface(false, m_account);
     m_appState->disconnect(this);
 }
 

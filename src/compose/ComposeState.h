@@ -59,7 +59,6 @@ public:
 
     /// Reads and attaches one after the other; those that cannot be attached are named in `errorMessage`.
     void attachFiles(const QList<QUrl> &urls);
-    void reportDropFailure(const QString &text);
 
     /// False while the message is being sent, and while files are still being read.
     bool canSend() const;
@@ -100,9 +99,12 @@ private:
 
     std::shared_ptr<AppState> m_appState;
     const ComposeRequest m_request;
+    const QString m_account;
     const QUuid m_presentation;
     bool m_didInitialize = false;
     bool m_isFilled = false;
+    bool m_isLoadingTemplates = false;
+    bool m_isSent = false;
     bool m_isClosed = false;
     /// How many groups of files are being read.
     int m_attaching = 0;

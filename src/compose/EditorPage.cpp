@@ -36,6 +36,7 @@ QByteArray editorPage(const QByteArray &nonce) {
            "user-scalable=no\">\n<style>" +
            style +
            "</style></head>\n<body><div id=\"editor\" contenteditable=\"true\" "
+           "role=\"textbox\" aria-multiline=\"true\" aria-label=\"Message\" "
            "data-placeholder=\"Write your message...\"></div>\n<script nonce=\"" +
            nonce + "\">" + editorPageScript() + "</script></body></html>";
 }

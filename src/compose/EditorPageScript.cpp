@@ -30,26 +30,35 @@ function report() {
     handlers.contentChanged.postMessage(getContent());
 }
 
-// Keys come another way than calls and later, so the answer waits for the key that was pressed last of all.
-let answers = 0;
+// Keys come another way than calls and later, so the answer waits for the call and for a key pressed last of all.
+let answers = 0, calls = 0, markerKeys = 0;
 
-function answerFetch() {
-    ++answers;
-    handlers.contentFetched.postMessage(getContent());
+function answerFetches() {
+    for (; answers < Math.min(calls, markerKeys); ++answers)
+        handlers.contentFetched.postMessage(getContent());
 }
 
 function fetchContent(number) {
-    setTimeout(() => { if (answers < number) answerFetch(); }, markerKeyPatience);
+    calls = number;
+    answerFetches();
+    setTimeout(() => {
+        markerKeys = Math.max(markerKeys, number);
+        answerFetches();
+    }, markerKeyPatience);
 }
 
 window.addEventListener('keydown', event => {
     if (event.key !== 'F24') return;
     event.preventDefault();
-    answerFetch();
+    ++markerKeys;
+    answerFetches();
 }, true);
 
 function execCmd(cmd, value) {
+    const isCaret = selection().isCollapsed;
     run(cmd, false, value || null);
+    // An address that was put in stays selected, and the next key would replace it.
+    if (cmd === 'createLink' && isCaret) selection().collapseToEnd();
     editor.focus();
     report();
 }

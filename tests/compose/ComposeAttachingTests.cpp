@@ -199,8 +199,3 @@ TEST_F(Attaching, NothingIsSentWhileAFileIsBeingRead) {
     await(screen->send());
     EXPECT_TRUE(exchange.request().body.contains(R"("name":"a.txt")"));
 }
-
-TEST_F(Attaching, AFailedDropIsTold) {
-    screen->reportDropFailure(u"The drop failed"_s);
-    EXPECT_EQ(error(), u"The drop failed"_s);
-}

@@ -36,6 +36,10 @@ protected:
     }
     ComposeViewModel &message() const { return *view->state().viewModel; }
     QComboBox *senders() const { return section->findChild<QComboBox *>(); }
+    static void answer(FakeExchange &held, const QByteArray &json) {
+        held.sendHead(200, "application/json", "Content-Length: " + QByteArray::number(json.size()) + "\r\n");
+        held.send(json);
+    }
     ContactSuggestions *suggestions() const { return section->findChild<ContactSuggestions *>(); }
     void focus(QWidget *widget) {
         widget->setFocus();
@@ -146,7 +150,7 @@ TEST_F(ComposeScreen, ClosesOnceTheMessageIsSent) {
     ASSERT_TRUE(spinUntil([&] { return message().isSending.get(); }));
     EXPECT_TRUE(spinUntil([&] { return !actions.compose()->canSend; }));
     EXPECT_FALSE(named<QPushButton>(u"Send"_s)->isEnabled());
-    sending.json("{}");
+    answer(sending, "{}");
     ASSERT_TRUE(spinUntil([&] { return dismissals == 1; }));
 }
 
@@ -184,6 +188,29 @@ TEST_F(ComposeScreen, AttachmentsAreRemovedByKeysAlone) {
     EXPECT_TRUE(spinUntil([this] { return !named<IconButton>(u"Remove one"_s); }));
     EXPECT_EQ(message().attachments->size(), 1U);
     EXPECT_EQ(QApplication::focusWidget(), named<IconButton>(u"Remove two"_s));
+}
+
+TEST_F(ComposeScreen, ASecondPressForTemplatesWaitsForTheFirst) {
+    open();
+    auto &first = server.expect("GET", "/api/templates").held();
+    view->state().openTemplates();
+    view->state().openTemplates();
+    ASSERT_TRUE(spinUntil([&] { return first.hasArrived(); }));
+    answer(first, R"({"templates": [{"_id": "1", "name": "One", "body": "one"}]})");
+    ASSERT_TRUE(spinUntil([&] { return sheet() != nullptr; }));
+    settle();
+    press(Qt::Key_Return);
+    EXPECT_EQ(message().body.get(), u"one"_s);
+}
+
+TEST_F(ComposeScreen, NamesOfFilesAreShownAsTheyAre) {
+    open();
+    const auto name = u"<b>a</b> & <img src=x>"_s;
+    message().addAttachment(name, "1", u"text/plain"_s);
+    settle();
+    const auto *button = named<IconButton>(u"Remove "_s + name);
+    ASSERT_NE(button, nullptr);
+    EXPECT_EQ(button->toolTip(), u"<span>Remove &lt;b&gt;a&lt;/b&gt; &amp; &lt;img src=x&gt;</span>"_s);
 }
 
 TEST_F(ComposeScreen, TemplatesAreTakenByKeysAlone) {

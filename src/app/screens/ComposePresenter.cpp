@@ -8,7 +8,7 @@
 namespace {
 
 constexpr QSize usualSize(820, 680);
-constexpr QSize smallestContent(520, 420);
+constexpr int smallestWidth = 520;
 
 } // namespace
 
@@ -40,7 +40,7 @@ void ComposePresenter::present() {
     m_sheet->setWindowModality(Qt::WindowModal);
     m_sheet->installEventFilter(this);
     auto *view = new ComposeView(ComposeState::make(m_appState), m_sheet->focusedActions());
-    view->setMinimumSize(smallestContent);
+    view->setMinimumWidth(smallestWidth);
     connect(view, &ComposeView::dismissed, this, &ComposePresenter::dismiss, Qt::QueuedConnection);
     connect(view, &ComposeView::titleChanged, m_sheet, &QWidget::setWindowTitle);
     m_sheet->setWindowTitle(view->state().title());

@@ -21,8 +21,7 @@ AIWriteSheet::AIWriteSheet(std::shared_ptr<ComposeState> state, QWidget *parent)
     , m_prompt(new QPlainTextEdit(m_state->aiPrompt))
     , m_generating(new ThemeLabel(tr("Generating..."), TextStyle::body, TextRole::secondary))
     , m_error(new ErrorBanner)
-    , m_generate(addButton(tr("Generate"), ButtonRole::primary))
-    , m_formerError(m_state->viewModel->errorMessage) {
+    , m_generate(addButton(tr("Generate"), ButtonRole::primary)) {
     setAttribute(Qt::WA_DeleteOnClose);
     resize(preferredSize);
     auto *words = new ThemeLabel(tr("Describe what you want to write"), TextStyle::subheadline, TextRole::secondary);
@@ -39,8 +38,13 @@ AIWriteSheet::AIWriteSheet(std::shared_ptr<ComposeState> state, QWidget *parent)
     connect(this, &QDialog::rejected, m_state.get(), &ComposeState::closeAIPrompt);
     connect(m_prompt, &QPlainTextEdit::textChanged, m_state.get(),
             [this] { m_state->aiPrompt = m_prompt->toPlainText(); });
-    connect(m_generate, &QPushButton::clicked, m_state.get(), &ComposeState::generate);
+    connect(m_generate, &QPushButton::clicked, m_state.get(), [this] {
+        m_hasGenerated = true;
+        m_state->generate();
+    });
     observe(m_state.get(), this, &AIWriteSheet::render);
+    setTabOrder(m_prompt, m_generate);
+    setTabOrder(m_generate, close);
     m_prompt->setFocus();
 }
 
@@ -49,6 +53,6 @@ void AIWriteSheet::render() {
         return accept();
     m_generate->setEnabled(m_state->canGenerate());
     m_generating->setVisible(m_state->isAILoading);
-    const auto &error = m_state->viewModel->errorMessage.get();
-    m_error->setError(error == m_formerError ? std::nullopt : error);
+    const bool showsError = m_hasGenerated && !m_state->isAILoading;
+    m_error->setError(showsError ? m_state->viewModel->errorMessage.get() : std::nullopt);
 }

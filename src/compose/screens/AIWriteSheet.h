@@ -21,6 +21,6 @@ private:
     ThemeLabel *m_generating;
     ErrorBanner *m_error;
     QPushButton *m_generate;
-    /// Has nothing to do with this sheet.
-    const std::optional<QString> m_formerError;
+    /// An error from before has nothing to do with this sheet.
+    bool m_hasGenerated = false;
 };

@@ -23,6 +23,7 @@ ComposeAttachmentList::ComposeAttachmentList(std::shared_ptr<ComposeState> state
     setFrameShape(NoFrame);
     setFocusPolicy(Qt::NoFocus);
     setWidgetResizable(true);
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Maximum);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     observe(m_state.get(), this, &ComposeAttachmentList::render);
 }
@@ -58,7 +59,8 @@ void ComposeAttachmentList::makeRows() {
     setVisible(count > 0);
     if (count > 0) {
         const auto row = column->itemAt(0)->sizeHint().height();
-        setFixedHeight(std::min(count, mostRows) * (row + column->spacing()));
+        setMinimumHeight(row);
+        setMaximumHeight(std::min(count, mostRows) * (row + column->spacing()));
     }
     column->addStretch(1);
 }

@@ -7,6 +7,13 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+/// A page that is silent for so long hangs.
+constexpr auto answerPatience = std::chrono::seconds(5);
+
+} // namespace
+
 ComposeEditorCoordinator::ComposeEditorCoordinator(WebView *webView, std::shared_ptr<EditorWebViewRef> ref,
                                                    QObject *parent)
     : QObject(parent)
@@ -39,6 +46,8 @@ void ComposeEditorCoordinator::applyInitialContent() {
 }
 
 void ComposeEditorCoordinator::putContent(const QString &html) {
+    // Until the page reports it, it would be lost with the page.
+    m_lastContent = html;
     m_webView->evaluateJavaScript(EditorScript::setContent(html));
 }
 
@@ -75,11 +84,16 @@ void ComposeEditorCoordinator::fetchContent(std::function<void(std::optional<QSt
     m_fetches.enqueue(std::move(done));
     m_webView->evaluateJavaScript(EditorScript::fetchContent(++m_lastFetch));
     m_webView->pressMarkerKey();
+    m_patience = Clock::shared().after(answerPatience, [this] { giveUpFetches(); });
 }
 
-void ComposeEditorCoordinator::answerFetch(const std::optional<QString> &html) {
-    if (html)
-        m_lastContent = html;
+void ComposeEditorCoordinator::giveUpFetches() {
+    while (!m_fetches.isEmpty())
+        m_fetches.dequeue()(std::nullopt);
+}
+
+void ComposeEditorCoordinator::answerFetch(const QString &html) {
+    m_lastContent = html;
     if (!m_fetches.isEmpty())
         m_fetches.dequeue()(html);
 }
@@ -87,8 +101,7 @@ void ComposeEditorCoordinator::answerFetch(const std::optional<QString> &html) {
 // A text over which the page has died twice is not tried a third time.
 void ComposeEditorCoordinator::webViewProcessDidTerminate() {
     m_isWebViewReady = false;
-    while (!m_fetches.isEmpty())
-        answerFetch(std::nullopt);
+    giveUpFetches();
     if (m_lostContent && m_lostContent == m_lastContent)
         return;
     m_lostContent = m_lastContent.value_or(QString());

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/Clock.h"
 #include "platform/desktop/WebView.h"
 
 #include <QObject>
@@ -35,7 +36,8 @@ private:
     void applyInitialContent();
     void putContent(const QString &html);
     void receiveContent(const QString &html);
-    void answerFetch(const std::optional<QString> &html);
+    void answerFetch(const QString &html);
+    void giveUpFetches();
 
     WebView *m_webView;
     std::shared_ptr<EditorWebViewRef> m_ref;
@@ -48,4 +50,5 @@ private:
     std::optional<QString> m_lostContent;
     int m_lastFetch = 0;
     QQueue<std::function<void(std::optional<QString>)>> m_fetches;
+    ScheduledWorkPtr m_patience;
 };

@@ -22,9 +22,10 @@ WebViewConfiguration editorConfiguration() {
                                 EditorHandler::formatChanged, EditorHandler::linkOpened}};
 }
 
-// A stranger's mail says where the links of a quotation lead.
+// A stranger's mail says where the links of a quotation lead. One to an address would come back to this program and
+// take the place of the message that is being written.
 void openLink(const QUrl &link) {
-    static const QStringList schemes{u"http"_s, u"https"_s, u"mailto"_s};
+    static const QStringList schemes{u"http"_s, u"https"_s};
     if (schemes.contains(link.scheme()))
         QDesktopServices::openUrl(link);
 }

@@ -18,8 +18,12 @@ bool isFileDrag(const QEvent *event) {
 }
 
 void setText(QLineEdit *field, const QString &text) {
-    if (field->text() != text)
-        field->setText(text);
+    if (field->text() == text)
+        return;
+    field->setText(text);
+    // Of many recipients the first are to be seen.
+    if (!field->hasFocus())
+        field->setCursorPosition(0);
 }
 
 } // namespace

@@ -24,7 +24,7 @@ public:
     void showBcc();
 
 Q_SIGNALS:
-    /// Tab or Return in the subject: the text comes next.
+    /// Return in the subject: the text comes next.
     void textRequested();
 
 protected:

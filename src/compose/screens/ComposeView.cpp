@@ -13,6 +13,7 @@
 #include "ui/screens/Buttons.h"
 #include "ui/screens/ClampedLabel.h"
 #include "ui/screens/ErrorBanner.h"
+#include "ui/screens/LayoutTabOrder.h"
 
 #include <QDir>
 #include <QDropEvent>
@@ -26,6 +27,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int margin = 20;
+constexpr int leastTextHeight = 120;
 
 } // namespace
 
@@ -40,6 +42,8 @@ ComposeView::ComposeView(std::shared_ptr<ComposeState> state, FocusedActions &ac
     , m_editor(new ComposeEditorView(m_editorRef))
     , m_dropFrame(new DropFrame(this)) {
     setAcceptDrops(true);
+    m_editor->setMinimumHeight(leastTextHeight);
+    new LayoutTabOrder(this);
     auto *bottomBar = new ComposeBottomBar(m_state);
     layOut(new ComposeEditorToolbar(m_editorRef), new ComposeAttachmentList(m_state), bottomBar);
     connect(bottomBar, &ComposeBottomBar::sendRequested, this, &ComposeView::send);
@@ -57,6 +61,9 @@ ComposeView::ComposeView(std::shared_ptr<ComposeState> state, FocusedActions &ac
 }
 
 ComposeView::~ComposeView() {
+    // What was told to be sent is sent, with the text that was reported last.
+    if (m_awaitsText)
+        launch(m_state->send());
     m_actions.publishCompose(std::nullopt);
     m_state->close();
 }
@@ -109,12 +116,13 @@ void ComposeView::beginToWrite() {
 
 // What was typed last may not have been reported yet.
 void ComposeView::send() {
-    if (!m_state->canSend())
+    if (!m_state->canSend() || std::exchange(m_awaitsText, true))
         return;
-    m_editor->fetchContent([state = m_state](const std::optional<QString> &html) {
+    m_editor->fetchContent([this](const std::optional<QString> &html) {
+        m_awaitsText = false;
         if (html)
-            state->editorChanged(*html);
-        launch(state->send());
+            m_state->editorChanged(*html);
+        launch(m_state->send());
     });
 }
 
@@ -153,7 +161,12 @@ void ComposeView::showAttachmentPicker() {
     auto *picker = new QFileDialog(this, tr("Attach Files"), QDir::homePath());
     picker->setAttribute(Qt::WA_DeleteOnClose);
     picker->setFileMode(QFileDialog::ExistingFiles);
-    connect(picker, &QFileDialog::urlsSelected, m_state.get(), &ComposeState::attachFiles);
+    connect(picker, &QFileDialog::filesSelected, m_state.get(), [this](const QStringList &paths) {
+        QList<QUrl> urls;
+        for (const auto &path : paths)
+            urls.append(QUrl::fromLocalFile(path));
+        m_state->attachFiles(urls);
+    });
     connect(picker, &QDialog::finished, this, [this] {
         m_showsPicker = false;
         m_state->showAttachmentPicker = false;

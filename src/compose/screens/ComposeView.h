@@ -60,4 +60,6 @@ private:
     QPointer<AIWriteSheet> m_aiSheet;
     bool m_showsPicker = false;
     bool m_hasBegun = false;
+    /// The text is being fetched for a send.
+    bool m_awaitsText = false;
 };

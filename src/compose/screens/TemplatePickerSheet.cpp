@@ -17,10 +17,11 @@ constexpr QSize preferredSize(480, 420);
 
 TemplatePickerSheet::TemplatePickerSheet(std::shared_ptr<ComposeState> state, QWidget *parent)
     : Sheet(tr("Quick Reply Templates"), {}, parent)
-    , m_state(std::move(state)) {
+    , m_state(std::move(state))
+    , m_templates(m_state->templates) {
     setAttribute(Qt::WA_DeleteOnClose);
     resize(preferredSize);
-    column()->addWidget(m_state->templates->empty() ? makeEmptyState() : makeList(), 1);
+    column()->addWidget(m_templates.empty() ? makeEmptyState() : makeList(), 1);
     auto *close = new IconButton(u"xmark.circle.fill"_s, tr("Close (Esc)"));
     addHeaderButton(close);
     connect(close, &IconButton::clicked, this, &QDialog::reject);
@@ -36,11 +37,11 @@ QWidget *TemplatePickerSheet::makeList() {
     list->setAccessibleName(windowTitle());
     list->setItemDelegate(new TemplateRowDelegate(list));
     list->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
-    for (const auto &one : m_state->templates.get())
+    for (const auto &one : m_templates)
         list->addItem(templateItem(one));
     list->setCurrentRow(0);
     const auto pick = [this, list] {
-        const auto chosen = m_state->templates->at(std::size_t(list->currentRow()));
+        const auto chosen = m_templates.at(std::size_t(list->currentRow()));
         m_state->pickTemplate(chosen);
         accept();
     };

@@ -14,4 +14,5 @@ private:
     QWidget *makeEmptyState() const;
 
     std::shared_ptr<ComposeState> m_state;
+    const std::vector<EmailTemplate> m_templates;
 };

@@ -5,6 +5,7 @@
 #include "mail/screens/AttachmentIcon.h"
 #include "mail/screens/AttachmentRowView.h"
 #include "ui/screens/AppStyle.h"
+#include "ui/screens/Buttons.h"
 #include "ui/screens/StyleShapes.h"
 #include "ui/screens/Symbols.h"
 
@@ -43,7 +44,7 @@ AttachmentDragView::AttachmentDragView(const MacAttachmentRow &configuration, QW
 void AttachmentDragView::setConfiguration(const MacAttachmentRow &configuration) {
     m_configuration = configuration;
     m_hosting->setRow(configuration);
-    setToolTip(u"Open "_s + configuration.filename + u" · Drag to Finder to save"_s);
+    setToolTip(literalToolTip(u"Open "_s + configuration.filename + u" · Drag to Finder to save"_s));
     setAccessibleName(configuration.filename);
     setAccessibleDescription(u"Open attachment. Drag to Finder to save. Control-click for more actions."_s);
 }

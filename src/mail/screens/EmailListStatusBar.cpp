@@ -39,7 +39,7 @@ void EmailListStatusBar::render() {
     m_jobs->setVisible(hasJobs);
     const auto failure = m_state->refreshFailure();
     m_failure->setVisible(failure.has_value());
-    m_failure->setToolTip(failure.value_or(QString()));
+    m_failure->setToolTip(literalToolTip(failure.value_or(QString())));
     const auto selected = model.selectedEmails->size();
     m_selected->setVisible(selected > 0);
     m_selected->setText(tr("%1 selected").arg(selected));

@@ -26,7 +26,7 @@ void FlowingAddresses::setAddresses(const std::vector<EmailAddress> &addresses) 
         const bool isLast = number + 1 == addresses.size();
         auto *button =
             new LinkButton(literalButtonText(address.displayName() + (isLast ? QString() : QStringLiteral(","))));
-        button->setToolTip(tr("Click to copy %1").arg(copied));
+        button->setToolTip(literalToolTip(tr("Click to copy %1").arg(copied)));
         button->setAccessibleName(button->toolTip());
         connect(button, &LinkButton::clicked, this, [this, copied] { Q_EMIT copyRequested(copied); });
         layout()->addWidget(button);

@@ -33,7 +33,7 @@ const QString handlersScript = uR"(
     };
     const takePiece = () => {
         const message = held[0];
-        if (message.taken >= message.text.length) return void held.shift();
+        if (message.taken >= message.text.length) return !!held.shift();
         const end = endOfPiece(message.text, message.taken);
         const piece = message.text.slice(message.taken, end);
         message.taken = end;
@@ -150,6 +150,9 @@ void ScriptBridge::receivePiece(const QVariant &piece) {
         m_text += piece.toString();
         return fetchPiece();
     }
+    // Any other answer than the end means that the page has gone, and half a text is none.
+    if (piece.typeId() != QMetaType::Bool)
+        return setCurrentPage(m_currentPage);
     message = {message.name, std::exchange(m_text, {}), false};
     deliver();
 }

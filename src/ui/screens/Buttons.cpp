@@ -10,10 +10,15 @@
 #include <QShortcut>
 #include <QStyleOptionButton>
 #include <QStylePainter>
+#include <QTextDocument>
 #include <QToolTip>
 
 QString literalButtonText(QString words) {
     return words.replace(u'&', QStringLiteral("&&"));
+}
+
+QString literalToolTip(const QString &words) {
+    return Qt::mightBeRichText(words) ? QStringLiteral("<span>%1</span>").arg(words.toHtmlEscaped()) : words;
 }
 
 void pressWithReturn(QAbstractButton *button) {
@@ -80,7 +85,7 @@ void IconButton::setSymbol(const QString &symbol) {
 }
 
 void IconButton::setHelp(const QString &help) {
-    setToolTip(help);
+    setToolTip(literalToolTip(help));
     setAccessibleName(help);
 }
 

@@ -8,6 +8,9 @@
 /// A button's text that shows these words as they are: Qt would take "&" for the mark of a shortcut.
 QString literalButtonText(QString words);
 
+/// A help text that shows these words as they are: Qt would take those that look like markup for it.
+QString literalToolTip(const QString &words);
+
 /// Lets Return press the button that has the focus, as it does by itself in dialogs alone.
 void pressWithReturn(QAbstractButton *button);
 

@@ -1,5 +1,7 @@
 #include "ui/screens/ClampedLabel.h"
 
+#include "ui/screens/Buttons.h"
+
 #include "ui/screens/AppStyle.h"
 #include "ui/screens/StyleShapes.h"
 
@@ -70,7 +72,7 @@ bool ClampedLabel::isCut() const {
 bool ClampedLabel::event(QEvent *event) {
     if (event->type() != QEvent::ToolTip || !toolTip().isEmpty() || !isCut())
         return ThemeLabel::event(event);
-    QToolTip::showText(static_cast<QHelpEvent *>(event)->globalPos(), text().toHtmlEscaped(), this);
+    QToolTip::showText(static_cast<QHelpEvent *>(event)->globalPos(), literalToolTip(text()), this);
     return true;
 }
 
