@@ -34,13 +34,13 @@ public:
             QElapsedTimer timer;
             timer.start();
             m_driver.press(Qt::Key_N, Qt::ControlModifier);
-            MainThread::runUntil([this] { return m_writer.view() && m_writer.view()->window()->isActiveWindow(); });
+            MainThread::runUntil([this] { return m_writer.view() != nullptr; });
             field.add(double(timer.nsecsElapsed()) / 1e6);
             waitForEditor([](const QString &) { return true; });
             text.add(double(timer.nsecsElapsed()) / 1e6);
             close();
         }
-        Report::add(u"New message, key press to a window that takes keys"_s, field, u"ms"_s, {100});
+        Report::add(u"New message, key press to window"_s, field, u"ms"_s, {100});
         Report::add(u"New message, key press to a text that takes keys"_s, text, u"ms"_s, {100});
     }
 

@@ -17,6 +17,11 @@ EditMenu::EditMenu(QWidget *parent)
     follow(QApplication::focusWidget());
 }
 
+// The focus moves on while a window goes.
+EditMenu::~EditMenu() {
+    qApp->disconnect(this);
+}
+
 void EditMenu::add(const QString &title, QKeySequence::StandardKey key, const QByteArray &slot) {
     auto *action = addAction(title);
     action->setShortcut(key);

@@ -9,6 +9,7 @@ class EditMenu final : public QMenu {
     Q_OBJECT
 public:
     explicit EditMenu(QWidget *parent);
+    ~EditMenu() override;
 
 private:
     void add(const QString &title, QKeySequence::StandardKey key, const QByteArray &slot);

@@ -1,6 +1,6 @@
 #include "app/screens/EditingKeys.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QKeyEvent>
 #include <QWidget>
 #include <algorithm>
@@ -24,8 +24,9 @@ EditingKeys::EditingKeys(QObject *parent)
 bool EditingKeys::eventFilter(QObject *watched, QEvent *event) {
     if (event->type() != QEvent::ShortcutOverride)
         return false;
-    const auto *field = qobject_cast<QWidget *>(watched);
-    if (!field || !field->testAttribute(Qt::WA_InputMethodEnabled) || !editsText(*static_cast<QKeyEvent *>(event)))
+    const auto *field = QApplication::focusWidget();
+    if (!field || field != watched || !field->testAttribute(Qt::WA_InputMethodEnabled) ||
+        !editsText(*static_cast<QKeyEvent *>(event)))
         return false;
     event->accept();
     return true;

@@ -38,6 +38,11 @@ EmailMessageView::EmailMessageView(std::shared_ptr<AppState> appState, std::shar
             [this](const QWidget *, const QWidget *focused) { forgetLinkTarget(focused); });
 }
 
+// The focus moves on while the parts of the screen go.
+EmailMessageView::~EmailMessageView() {
+    qApp->disconnect(this);
+}
+
 // The engine does not tell that the link lost the focus to what lies outside of its page.
 void EmailMessageView::forgetLinkTarget(const QWidget *focused) {
     if (focused && !m_body->isAncestorOf(focused))

@@ -15,6 +15,7 @@ class EmailMessageView final : public ColumnScrollArea {
 public:
     EmailMessageView(std::shared_ptr<AppState> appState, std::shared_ptr<EmailDetailState> state,
                      QWidget *parent = nullptr);
+    ~EmailMessageView() override;
 
     void render();
     /// Lets go of the message when it is no longer on show.
