@@ -45,6 +45,7 @@ void EmailHTMLView::setHtml(const QString &html) {
     m_inputs.html = html;
     m_hasReloaded = false;
     m_awaitsPage = true;
+    setPageHidden(true);
     m_cover->show();
     scheduleUpdate();
 }
@@ -183,8 +184,19 @@ void EmailHTMLView::webViewDidPaint() {
 }
 
 void EmailHTMLView::keepPage() {
-    if (std::exchange(m_awaitsPage, false) && m_isPainted)
+    if (!std::exchange(m_awaitsPage, false))
+        return;
+    setPageHidden(false);
+    if (m_isPainted)
         reveal();
+}
+
+// Under load the picture comes after the report of it. What stands there until then must not be the message before.
+void EmailHTMLView::setPageHidden(bool isHidden) {
+    if (m_webView)
+        m_webView->evaluateJavaScript(
+            u"document.documentElement.style.setProperty('visibility', '%1', 'important')"_s.arg(isHidden ? u"hidden"_s
+                                                                                                          : u""_s));
 }
 
 void EmailHTMLView::reveal() {

@@ -69,6 +69,7 @@ private:
     void followPage(qreal pageOffset);
     void setFitScale(qreal scale);
     void keepPage();
+    void setPageHidden(bool isHidden);
     void reveal();
     void moveSideways(int distance);
     void applyZoom();

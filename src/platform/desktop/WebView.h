@@ -39,7 +39,7 @@ class WebViewDelegate {
 public:
     virtual ~WebViewDelegate() = default;
     virtual void webViewDidFinish() {}
-    /// The page that was loaded last is on the screen.
+    /// Two frames of the page that was loaded last have been drawn.
     virtual void webViewDidPaint() {}
     virtual void webViewDidReceiveMessage(const QString &name, const QVariant &body) {
         Q_UNUSED(name)

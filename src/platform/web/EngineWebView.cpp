@@ -13,17 +13,9 @@ namespace {
 
 const QString paintedHandler = u"painted"_s;
 
-// The engine tells of the first paint once it is on the screen, but never for a page on which there is nothing to see.
-const QString reportPaint = uR"((() => {
-    let isReported = false;
-    const report = () => {
-        if (!isReported) window.webkit.messageHandlers.painted.postMessage(0);
-        isReported = true;
-    };
-    const reportAfter = frames => frames ? requestAnimationFrame(() => reportAfter(frames - 1)) : report();
-    new PerformanceObserver(report).observe({ type: 'paint', buffered: true });
-    reportAfter(6);
-})();)"_s;
+// The first frame asks for the page to be drawn, the second comes after it was.
+const QString reportPaint = u"requestAnimationFrame(() => requestAnimationFrame("
+                            "() => window.webkit.messageHandlers.painted.postMessage(0)));"_s;
 
 QWebEnginePage::WebAction engineAction(EditAction action) {
     switch (action) {
