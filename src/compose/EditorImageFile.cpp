@@ -1,7 +1,10 @@
 #include "compose/EditorImageFile.h"
 
-#include <QFile>
+#include "platform/Error.h"
+#include "platform/FileReading.h"
+
 #include <QMimeDatabase>
+#include <limits>
 
 using namespace Qt::StringLiterals;
 
@@ -15,11 +18,10 @@ QString imageType(const QString &path) {
 } // namespace
 
 std::optional<QString> dataURLOfImageFile(const QString &path) {
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
+    try {
+        const auto bytes = readRegularFile(path, std::numeric_limits<qint64>::max());
+        return u"data:"_s + imageType(path) + u";base64,"_s + QString::fromLatin1(bytes.toBase64());
+    } catch (const Error &) {
         return std::nullopt;
-    const auto bytes = file.readAll();
-    if (file.error() != QFileDevice::NoError)
-        return std::nullopt;
-    return u"data:"_s + imageType(path) + u";base64,"_s + QString::fromLatin1(bytes.toBase64());
+    }
 }

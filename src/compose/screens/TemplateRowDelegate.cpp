@@ -2,6 +2,7 @@
 
 #include "ui/screens/AppStyle.h"
 #include "ui/screens/Fonts.h"
+#include "ui/screens/RowDelegate.h"
 #include "ui/screens/StyleItems.h"
 #include "ui/screens/StyleShapes.h"
 
@@ -58,12 +59,8 @@ void TemplateRowDelegate::paint(QPainter *painter, const QStyleOptionViewItem &o
         paintFocusRing(painter, option.rect, StyleMetrics::rowRadius, AppStyle::theme());
     QRect place = option.rect.adjusted(horizontalMargin, verticalMargin, -horizontalMargin, 0);
     for (const auto &line : linesOf(index)) {
-        const QFontMetrics metrics(line.font);
-        place.setHeight(metrics.lineSpacing());
-        painter->setFont(line.font);
-        painter->setPen(line.color);
-        painter->drawText(place, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine,
-                          metrics.elidedText(line.text, Qt::ElideRight, place.width()));
+        place.setHeight(QFontMetrics(line.font).lineSpacing());
+        drawLine(painter, place, line.font, line.color, line.text);
         place.translate(0, place.height() + gap);
     }
     painter->restore();

@@ -4,6 +4,7 @@
 #include "ui/screens/AppStyle.h"
 #include "ui/screens/Buttons.h"
 #include "ui/screens/Fonts.h"
+#include "ui/screens/RowDelegate.h"
 #include "ui/screens/StyleShapes.h"
 
 #include <QPainter>
@@ -16,13 +17,6 @@ namespace {
 constexpr int linkHeight = 52;
 constexpr int margin = 12;
 constexpr int gap = 12;
-
-void drawElided(QPainter &painter, const QRect &place, const QFont &font, const QColor &color, const QString &text) {
-    painter.setFont(font);
-    painter.setPen(color);
-    painter.drawText(place, Qt::AlignVCenter | Qt::TextSingleLine,
-                     QFontMetrics(font).elidedText(text, Qt::ElideRight, place.width()));
-}
 
 } // namespace
 
@@ -62,9 +56,9 @@ void ThreadLink::paintEvent(QPaintEvent *) {
     const auto dateFont = themeFont(TextStyle::caption);
     const int dateWidth = QFontMetrics(dateFont).horizontalAdvance(m_date) + 1;
     QRect line(content.topLeft(), QSize(content.width(), content.height() / 2));
-    drawElided(painter, line.adjusted(line.width() - dateWidth, 0, 0, 0), dateFont, theme.textSecondary, m_date);
-    drawElided(painter, line.adjusted(0, 0, -dateWidth - gap, 0), themeFont(TextStyle::subheadline, QFont::DemiBold),
-               theme.text, m_sender);
+    drawLine(&painter, line.adjusted(line.width() - dateWidth, 0, 0, 0), dateFont, theme.textSecondary, m_date);
+    drawLine(&painter, line.adjusted(0, 0, -dateWidth - gap, 0), themeFont(TextStyle::subheadline, QFont::DemiBold),
+             theme.text, m_sender);
     line.translate(0, line.height());
-    drawElided(painter, line, themeFont(TextStyle::footnote), theme.textSecondary, m_subject);
+    drawLine(&painter, line, themeFont(TextStyle::footnote), theme.textSecondary, m_subject);
 }
