@@ -100,10 +100,10 @@ void checkSpelling(WebProfile *profile) {
     if (!QDir().mkpath(spellingFolder()))
         return;
     auto languages = wantedLanguages();
-    languages.removeIf([](const QString &language) { return dictionaryOf(language).isEmpty(); });
+    // Where the desktop names no language any is better than none; another than the person's would mark every word.
     if (languages.isEmpty())
         languages = installedLanguages().mid(0, 1);
-    languages.removeIf([](const QString &language) { return !provide(language); });
+    languages.removeIf([](const QString &language) { return dictionaryOf(language).isEmpty() || !provide(language); });
     profile->setSpellCheckLanguages(languages);
     profile->setSpellCheckEnabled(!languages.isEmpty());
 }
