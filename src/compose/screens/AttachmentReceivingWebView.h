@@ -6,14 +6,11 @@
 
 #include <functional>
 
-class QMimeData;
-
 /// Holds a web view and takes the files that are dropped on it; whatever else is dropped goes into the page.
 class AttachmentReceivingWebView final : public QWidget {
     Q_OBJECT
 
 public:
-    /// Null when there is no web engine.
     explicit AttachmentReceivingWebView(std::unique_ptr<WebView> webView, QWidget *parent = nullptr);
     ~AttachmentReceivingWebView() override;
 

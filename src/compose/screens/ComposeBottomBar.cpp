@@ -1,6 +1,5 @@
 #include "compose/screens/ComposeBottomBar.h"
 
-#include "ui/SystemColors.h"
 #include "ui/screens/Buttons.h"
 #include "ui/screens/Spinner.h"
 #include "ui/screens/Symbols.h"

@@ -2,7 +2,6 @@
 
 #include <QWidget>
 
-class QLabel;
 class QPlainTextEdit;
 
 /// What a message is written in where there is no web engine: plain text, under a line that says why.

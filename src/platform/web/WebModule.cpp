@@ -21,8 +21,8 @@ void setDefault(const char *variable, const QByteArray &value) {
 
 WebModule::WebModule() {
     setDefault("QTWEBENGINE_CHROMIUM_FLAGS", engineSwitches);
-    // The engine asks Qt for OpenGL even where it does not use it, which brings 35 MB of drivers into the program.
     setDefault("QTWEBENGINE_DICTIONARIES_PATH", spellingFolder().toLocal8Bit());
+    // The engine asks Qt for OpenGL even where it does not use it, which brings 35 MB of drivers into the program.
     setDefault("QT_XCB_GL_INTEGRATION", "none");
     // Drawing in software takes 50 MB less than through OpenGL, needs no other kind of top-level window (so that none
     // has to be made anew, with a flash, when it gets its first web view), and lets other widgets lie over the page.
