@@ -58,12 +58,9 @@ private:
 
     double moveTime() {
         const auto uid = state().rows.row(movedRow).uid;
-        const PaintWatch watch(m_list->viewport(), [&] { return state().rows.indexOf(uid) < 0; });
-        QElapsedTimer timer;
-        timer.start();
+        PaintWatch watch(m_list->viewport(), [&] { return state().rows.indexOf(uid) < 0; });
         QTest::keyClick(m_list, Qt::Key_Delete);
-        MainThread::runUntil([&] { return watch.isPainted(); });
-        return double(timer.nsecsElapsed()) / 1e6;
+        return watch.waitForPaint();
     }
 
     void measureFlags() {
@@ -83,12 +80,9 @@ private:
     }
 
     double flagTime(bool value) {
-        const PaintWatch watch(m_list->viewport(), [&] { return isFlagged(value); });
-        QElapsedTimer timer;
-        timer.start();
+        PaintWatch watch(m_list->viewport(), [&] { return isFlagged(value); });
         QTest::keyClick(m_list, Qt::Key_L, Qt::ControlModifier | Qt::ShiftModifier);
-        MainThread::runUntil([&] { return watch.isPainted(); });
-        return double(timer.nsecsElapsed()) / 1e6;
+        return watch.waitForPaint();
     }
 
     bool isFlagged(bool value) {

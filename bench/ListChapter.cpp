@@ -50,12 +50,9 @@ private:
         Series series;
         for (int run = 0; run < runs; ++run) {
             const auto &wanted = pages[(run + 1) % 2];
-            const PaintWatch watch(m_list->viewport(), [&] { return state().rows.row(0).uid == wanted.front().uid; });
-            QElapsedTimer timer;
-            timer.start();
+            PaintWatch watch(m_list->viewport(), [&] { return state().rows.row(0).uid == wanted.front().uid; });
             state().viewModel->emails = wanted;
-            MainThread::runUntil([&] { return watch.isPainted(); });
-            series.add(double(timer.nsecsElapsed()) / 1e6);
+            series.add(watch.waitForPaint());
             MainThread::run(50);
         }
         Report::add(u"Showing a page of 50 rows, painting included"_s, series, u"ms"_s, {16});
@@ -77,12 +74,12 @@ private:
     /// Milliseconds from the click on the folder to its rows on the display.
     double switchTime(const QString &folder) {
         auto *folders = m_driver.find<QListView>(u"Folders"_s);
-        const PaintWatch watch(m_list->viewport(), [&] {
+        PaintWatch watch(m_list->viewport(), [&] {
             return state().viewModel->loadedFolder.get() == folder && state().rows.rowCount() > 0;
         });
         const auto row = rowOf(*folders->model(), folder == "INBOX"_L1 ? u"Inbox"_s : folder);
         QTest::mouseClick(folders->viewport(), Qt::LeftButton, {}, folders->visualRect(row).center());
-        return MainThread::runUntil([&] { return watch.isPainted(); });
+        return watch.waitForPaint();
     }
 
     static QModelIndex rowOf(const QAbstractItemModel &model, const QString &name) {
