@@ -24,6 +24,11 @@ html, body { margin: 0; padding: 0; height: 100%; font-family: -apple-system, sy
 #editor blockquote { margin: 8px 0 8px 12px; padding-left: 12px; border-left: 3px solid #d1d5db; color: #6b7280; }
 #editor img { max-width: 100%; height: auto; }
 #editor hr { border: none; border-top: 1px solid #d1d5db; margin: 16px 0; }
+::-webkit-scrollbar { width: 12px; height: 12px; }
+::-webkit-scrollbar-thumb { background: #bbc6d4; background-clip: content-box;
+                            border: 3px solid transparent; border-radius: 6px; }
+::-webkit-scrollbar-thumb:hover { background-color: #a4b1c3; border-width: 2px; }
+::-webkit-scrollbar-thumb:active { background-color: #94a3b8; border-width: 2px; }
 )"_ba;
 
 } // namespace

@@ -6,6 +6,7 @@
 #include <QCoreApplication>
 #include <QMenu>
 #include <QWebEngineFindTextResult>
+#include <QWebEngineSettings>
 
 using namespace Qt::StringLiterals;
 
@@ -51,6 +52,7 @@ EngineWebView::EngineWebView(const WebViewConfiguration &configuration)
     , m_webPage(std::make_unique<WebPage>(withPaintReport(configuration), m_profile.get())) {
     setPage(m_webPage.get());
     setAcceptDrops(m_isEditable);
+    m_webPage->settings()->setAttribute(QWebEngineSettings::ShowScrollBars, m_isEditable);
     connectPage();
 }
 
