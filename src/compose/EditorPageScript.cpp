@@ -87,8 +87,25 @@ function setHighlightColor(color) {
     execCmd('hiliteColor', color);
 }
 
+// A caret between elements has no place of its own.
+function nodeAtCaret() {
+    const { startContainer: node, startOffset: offset } = selection().getRangeAt(0);
+    return node.nodeType === Node.ELEMENT_NODE ? node.childNodes[Math.max(offset - 1, 0)] ?? node : null;
+}
+
+// After a command the engine does not scroll to the caret by itself.
+function revealCaret() {
+    const caret = selection().getRangeAt(0).cloneRange();
+    const node = nodeAtCaret();
+    if (node) caret.selectNode(node);
+    const { bottom } = caret.getBoundingClientRect();
+    if (bottom < 0) window.scrollBy(0, bottom - window.innerHeight / 2);
+    else if (bottom > window.innerHeight) window.scrollBy(0, bottom - window.innerHeight + 12);
+}
+
 function insertHR() {
     execCmd('insertHTML', '<hr>');
+    revealCaret();
 }
 
 function setContent(html) {
@@ -100,11 +117,15 @@ function setContent(html) {
 function insertHTML(html) {
     run('insertHTML', false, html);
     report();
+    revealCaret();
 }
 
 function insertImageBase64(dataUrl) {
     run('insertImage', false, dataUrl);
     report();
+    // It has no height before it is there.
+    const image = nodeAtCaret();
+    if (image instanceof HTMLImageElement) image.decode().then(revealCaret, () => {});
 }
 
 function insertImageFile(file) {
@@ -122,6 +143,7 @@ function insertWithoutStyleSheets(html) {
     for (const element of foreign.content.querySelectorAll(`style, link, script, meta, title, base, ${frameSelector}`))
         element.remove();
     run('insertHTML', false, foreign.innerHTML);
+    revealCaret();
 }
 
 editor.addEventListener('paste', event => {
