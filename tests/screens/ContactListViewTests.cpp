@@ -209,6 +209,21 @@ TEST_F(ContactScreen, TypingOverTheRowsSearches) {
     EXPECT_EQ(rows().model()->rowCount(), 3);
 }
 
+TEST_F(ContactScreen, TabLeadsFromTheSearchToARow) {
+    open("abc");
+    rows().setCurrentIndex(rows().model()->index(1, 0));
+    press(Qt::Key_F, Qt::ControlModifier);
+    type(u"x y"_s);
+    ASSERT_FALSE(rows().isVisible());
+    press(Qt::Key_Escape);
+    press(Qt::Key_Tab);
+    EXPECT_TRUE(rows().hasFocus());
+    EXPECT_EQ(current(), u"Name a"_s);
+    press(Qt::Key_Return);
+    ASSERT_TRUE(sheet());
+    EXPECT_EQ(field(u"Email"_s)->text(), u"a@x.org"_s);
+}
+
 TEST_F(ContactScreen, MenuOffersTheSameAsTheSwipe) {
     open("abc");
     QContextMenuEvent event(QContextMenuEvent::Mouse, place(2), rows().viewport()->mapToGlobal(place(2)));

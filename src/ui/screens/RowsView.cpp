@@ -100,7 +100,19 @@ bool RowsView::selectCurrentFirst(const QKeyEvent &event) {
 /// Rows that come after the keyboard must be within its reach.
 void RowsView::rowsInserted(const QModelIndex &parent, int first, int last) {
     QListView::rowsInserted(parent, first, last);
-    if (hasFocus() && !currentIndex().isValid())
+    if (hasFocus())
+        ensureCurrent();
+}
+
+void RowsView::focusInEvent(QFocusEvent *event) {
+    QListView::focusInEvent(event);
+    // The mouse brings its own row.
+    if (event->reason() != Qt::MouseFocusReason)
+        ensureCurrent();
+}
+
+void RowsView::ensureCurrent() {
+    if (selectionModel() && !currentIndex().isValid())
         selectionModel()->setCurrentIndex(model()->index(0, 0), QItemSelectionModel::NoUpdate);
 }
 

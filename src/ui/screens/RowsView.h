@@ -37,6 +37,7 @@ Q_SIGNALS:
 
 protected:
     void keyPressEvent(QKeyEvent *event) override;
+    void focusInEvent(QFocusEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
     void contextMenuEvent(QContextMenuEvent *event) override;
@@ -45,6 +46,8 @@ protected:
     virtual bool handleKey(const QKeyEvent &event);
 
 private:
+    /// The keyboard is somewhere as long as there are rows; nothing gets selected by it.
+    void ensureCurrent();
     bool startsHere(const QKeyEvent &event) const;
     bool selectCurrentFirst(const QKeyEvent &event);
     void showMenu(const QModelIndex &index, const QPoint &globalPosition);
