@@ -40,10 +40,10 @@ void ComposeEditorToolbar::addTextButtons() {
     };
     addMenu(u"textformat.size"_s, tr("Font Size"),
             makeChoiceMenu(editorFontSizes, false, this, choosing(&EditorScript::setFontSize)));
-    addCommand(u"bold"_s, tr("Bold"), u"bold"_s);
-    addCommand(u"italic"_s, tr("Italic"), u"italic"_s);
-    addCommand(u"underline"_s, tr("Underline"), u"underline"_s);
-    addCommand(u"strikethrough"_s, tr("Strikethrough"), u"strikeThrough"_s);
+    addToggle(u"bold"_s, tr("Bold"), u"bold"_s);
+    addToggle(u"italic"_s, tr("Italic"), u"italic"_s);
+    addToggle(u"underline"_s, tr("Underline"), u"underline"_s);
+    addToggle(u"strikethrough"_s, tr("Strikethrough"), u"strikeThrough"_s);
     addMenu(u"paintpalette"_s, tr("Text Color"),
             makeChoiceMenu(editorTextColors, true, this, choosing(&EditorScript::setTextColor)));
     addMenu(u"highlighter"_s, tr("Highlight"),
@@ -51,11 +51,11 @@ void ComposeEditorToolbar::addTextButtons() {
 }
 
 void ComposeEditorToolbar::addParagraphButtons() {
-    addCommand(u"text.alignleft"_s, tr("Align Left"), u"justifyLeft"_s);
-    addCommand(u"text.aligncenter"_s, tr("Align Center"), u"justifyCenter"_s);
-    addCommand(u"text.alignright"_s, tr("Align Right"), u"justifyRight"_s);
-    addCommand(u"list.bullet"_s, tr("Bullets"), u"insertUnorderedList"_s);
-    addCommand(u"list.number"_s, tr("Numbers"), u"insertOrderedList"_s);
+    addToggle(u"text.alignleft"_s, tr("Align Left"), u"justifyLeft"_s);
+    addToggle(u"text.aligncenter"_s, tr("Align Center"), u"justifyCenter"_s);
+    addToggle(u"text.alignright"_s, tr("Align Right"), u"justifyRight"_s);
+    addToggle(u"list.bullet"_s, tr("Bullets"), u"insertUnorderedList"_s);
+    addToggle(u"list.number"_s, tr("Numbers"), u"insertOrderedList"_s);
     addCommand(u"increase.indent"_s, tr("Indent"), u"indent"_s);
     addCommand(u"decrease.indent"_s, tr("Outdent"), u"outdent"_s);
 }
@@ -84,14 +84,17 @@ void ComposeEditorToolbar::addAction(const QString &symbol, const QString &name,
     connect(add(symbol, name, name), &IconButton::clicked, this, action);
 }
 
-void ComposeEditorToolbar::addCommand(const QString &symbol, const QString &name, const QString &command) {
+IconButton *ComposeEditorToolbar::addCommand(const QString &symbol, const QString &name, const QString &command) {
     auto *button = add(symbol, name, command);
+    connect(button, &IconButton::clicked, this, [this, command] { run(EditorScript::command(command)); });
+    return button;
+}
+
+void ComposeEditorToolbar::addToggle(const QString &symbol, const QString &name, const QString &command) {
+    auto *button = addCommand(symbol, name, command);
     button->setCheckable(true);
     m_toggles.push_back({button, command});
-    connect(button, &IconButton::clicked, this, [this, command] {
-        render();
-        run(EditorScript::command(command));
-    });
+    connect(button, &IconButton::clicked, this, &ComposeEditorToolbar::render);
 }
 
 void ComposeEditorToolbar::addMenu(const QString &symbol, const QString &name, QMenu *menu) {

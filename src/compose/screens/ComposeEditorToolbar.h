@@ -31,7 +31,9 @@ private:
     void addInsertButtons();
     IconButton *add(const QString &symbol, const QString &name, const QString &help);
     void addAction(const QString &symbol, const QString &name, const std::function<void()> &action);
-    void addCommand(const QString &symbol, const QString &name, const QString &command);
+    IconButton *addCommand(const QString &symbol, const QString &name, const QString &command);
+    /// A command that can be in force.
+    void addToggle(const QString &symbol, const QString &name, const QString &command);
     void addMenu(const QString &symbol, const QString &name, QMenu *menu);
     /// Runs the script and leaves the caret in the text.
     void run(const QString &script);
