@@ -3,6 +3,7 @@
 #include "compose/screens/ComposeEditorToolbar.h"
 #include "compose/screens/ContactSuggestions.h"
 #include "compose/screens/DropFrame.h"
+#include "compose/screens/EditorImagePanel.h"
 #include "screens/SectionScreenFixture.h"
 #include "ui/screens/Buttons.h"
 #include "ui/screens/ErrorBanner.h"
@@ -199,6 +200,14 @@ TEST_F(ComposeScreen, OnlyCommandsThatCanBeInForceAreToggles) {
             toggles.append(button->accessibleName());
     EXPECT_EQ(toggles, (QStringList{u"Bold"_s, u"Italic"_s, u"Underline"_s, u"Strikethrough"_s, u"Align Left"_s,
                                     u"Align Center"_s, u"Align Right"_s, u"Bullets"_s, u"Numbers"_s}));
+}
+
+TEST_F(ComposeScreen, ImagesAreChosenUnderAShortName) {
+    open();
+    showEditorImagePanel(view, [](const QString &) {});
+    auto *filters = section->findChild<QComboBox *>(u"fileTypeCombo"_s);
+    ASSERT_TRUE(filters);
+    EXPECT_EQ(filters->currentText(), u"Images"_s);
 }
 
 TEST_F(ComposeScreen, ASecondPressForTemplatesWaitsForTheFirst) {

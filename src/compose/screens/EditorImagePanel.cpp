@@ -34,6 +34,7 @@ void showEditorImagePanel(QWidget *parent, const std::function<void(const QStrin
     panel->setAttribute(Qt::WA_DeleteOnClose);
     panel->setFileMode(QFileDialog::ExistingFiles);
     panel->setDirectory(QStandardPaths::writableLocation(QStandardPaths::PicturesLocation));
+    panel->setOption(QFileDialog::HideNameFilterDetails);
     panel->setNameFilter(QObject::tr("Images (%1)").arg(imagePatterns().join(u' ')));
     QObject::connect(panel, &QFileDialog::filesSelected, parent, [parent, insert](const QStringList &paths) {
         runInBackground([paths] { return readImages(paths); }, parent,
