@@ -1,4 +1,3 @@
-#include "compose/EditorImageFile.h"
 #include "web/EditorWindow.h"
 #include "web/TrackingServer.h"
 
@@ -10,9 +9,7 @@
 #include <QInputMethodEvent>
 #include <QLineEdit>
 #include <QMimeData>
-#include <QTemporaryDir>
 #include <QTest>
-#include <QToolButton>
 #include <QWebEngineView>
 #include <gtest/gtest.h>
 
@@ -72,18 +69,6 @@ TEST_F(EditorInputTest, PutsAPastedImageIntoTheText) {
     ASSERT_TRUE(spinUntil([&] { return !window.reports.isEmpty() && window.reports.last().contains(u"<img"_s); }));
     EXPECT_TRUE(window.reports.last().startsWith(u"<img src=\"data:image/png;base64,"_s));
     EXPECT_TRUE(spinUntil([&] { return window.evaluate(u"editor.firstChild.naturalWidth"_s) == 3; }));
-}
-
-TEST_F(EditorInputTest, PutsAnImageFileIntoTheText) {
-    const QTemporaryDir folder;
-    const auto path = folder.filePath(u"it's.jpg"_s);
-    QImage image(3, 2, QImage::Format_RGB32);
-    image.fill(Qt::red);
-    ASSERT_TRUE(image.save(path));
-    const auto url = dataURLOfImageFile(path);
-    ASSERT_TRUE(url && url->startsWith(u"data:image/jpeg;base64,"_s));
-    EXPECT_FALSE(dataURLOfImageFile(folder.filePath(u"missing.png"_s)));
-    EXPECT_FALSE(dataURLOfImageFile(folder.path()));
 }
 
 TEST_F(EditorInputTest, PastesWithoutTheStyleOverWhichTheEngineHangs) {
@@ -153,19 +138,6 @@ TEST_F(EditorInputTest, LeavesByTabInBothDirections) {
     window.press(Qt::Key_Backtab, Qt::ShiftModifier);
     EXPECT_TRUE(spinUntil([&] { return window.toolbar->isAncestorOf(window.focusWidget()); }));
     EXPECT_EQ(window.content(), u"x"_s);
-}
-
-TEST_F(EditorInputTest, ShowsInTheToolbarWhatIsInForceAtTheCaret) {
-    window.fill(u"<ul><li><b>bold</b></li></ul>"_s);
-    window.evaluate(u"selection().collapse(editor.querySelector('b').firstChild, 2);0"_s);
-    const auto isChecked = [&](const QString &name) {
-        for (const auto *button : window.toolbar->findChildren<QToolButton *>())
-            if (button->accessibleName() == name)
-                return button->isChecked();
-        return false;
-    };
-    EXPECT_TRUE(spinUntil([&] { return isChecked(u"Bold"_s) && isChecked(u"Bullets"_s); }));
-    EXPECT_FALSE(isChecked(u"Italic"_s));
 }
 
 TEST_F(EditorInputTest, LoadsThePageAgainWithItsTextWhenItsProcessDies) {
