@@ -134,12 +134,20 @@ TEST_F(ComposeScreen, CopiesAreShownForGood) {
 
 TEST_F(ComposeScreen, WhatIsMissingIsSaidWhereItIsMissing) {
     open();
+    focus(named<QPlainTextEdit>(u"Message"_s));
     actions.compose()->send();
     settle();
     auto *error = section->findChild<ErrorBanner *>();
     EXPECT_TRUE(error->isVisible());
     EXPECT_EQ(error->accessibleName(), u"Please enter a recipient"_s);
     EXPECT_EQ(dismissals, 0);
+    EXPECT_EQ(QApplication::focusWidget(), named(u"To"_s));
+    type(u"ada@x.org"_s);
+    focus(named<QPlainTextEdit>(u"Message"_s));
+    actions.compose()->send();
+    settle();
+    EXPECT_EQ(error->accessibleName(), u"Please enter a subject"_s);
+    EXPECT_EQ(QApplication::focusWidget(), named(u"Subject"_s));
 }
 
 TEST_F(ComposeScreen, ClosesOnceTheMessageIsSent) {

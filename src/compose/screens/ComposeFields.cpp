@@ -88,10 +88,15 @@ bool ComposeFields::eventFilter(QObject *watched, QEvent *event) {
     return true;
 }
 
-QWidget *ComposeFields::firstEmptyField() const {
-    if (m_state->viewModel->to->isEmpty())
-        return m_to;
-    return m_state->viewModel->subject->isEmpty() ? m_subject : nullptr;
+bool ComposeFields::focusMissing() {
+    const auto &message = *m_state->viewModel;
+    if (message.to->isEmpty())
+        m_to->setFocus();
+    else if (message.subject->isEmpty())
+        m_subject->setFocus();
+    else
+        return false;
+    return true;
 }
 
 void ComposeFields::showCc() {

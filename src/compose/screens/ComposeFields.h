@@ -16,8 +16,8 @@ class ComposeFields final : public QWidget {
 public:
     explicit ComposeFields(std::shared_ptr<ComposeState> state, QWidget *parent = nullptr);
 
-    /// The first field that is still empty; null when all are filled.
-    QWidget *firstEmptyField() const;
+    /// Brings the keyboard to the first field without which the message cannot be sent; false when none is missing.
+    bool focusMissing();
     /// Nobody has typed into a field yet.
     bool isUntouched() const { return m_isUntouched; }
     void showCc();

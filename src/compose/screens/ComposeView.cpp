@@ -56,8 +56,7 @@ ComposeView::ComposeView(std::shared_ptr<ComposeState> state, FocusedActions &ac
     addShortcuts();
     m_state->start();
     observe(m_state.get(), this, &ComposeView::render);
-    if (auto *field = m_fields->firstEmptyField())
-        field->setFocus();
+    m_fields->focusMissing();
 }
 
 ComposeView::~ComposeView() {
@@ -103,14 +102,8 @@ void ComposeView::addShortcuts() {
 
 // Where the keyboard is wanted first, unless the person has begun elsewhere.
 void ComposeView::beginToWrite() {
-    auto *field = m_fields->firstEmptyField();
-    const bool isUntouched = !m_hasBegun && m_fields->isUntouched();
-    m_hasBegun = true;
-    if (!isUntouched)
-        return;
-    if (field)
-        field->setFocus();
-    else
+    const bool isUntouched = !std::exchange(m_hasBegun, true) && m_fields->isUntouched();
+    if (isUntouched && !m_fields->focusMissing())
         m_editor->focusEditor();
 }
 
@@ -122,6 +115,7 @@ void ComposeView::send() {
         m_awaitsText = false;
         if (html)
             m_state->editorChanged(*html);
+        m_fields->focusMissing();
         launch(m_state->send());
     });
 }
