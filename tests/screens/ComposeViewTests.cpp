@@ -51,9 +51,11 @@ protected:
     bool drop(QWidget *target, const QMimeData &data) {
         QDragEnterEvent enter({5, 5}, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, {});
         QApplication::sendEvent(target, &enter);
-        EXPECT_EQ(section->findChild<DropFrame *>()->isVisible(), data.hasUrls());
+        auto *frame = section->findChild<DropFrame *>();
+        EXPECT_EQ(frame->isVisible(), data.hasUrls());
         QDropEvent event({5, 5}, Qt::CopyAction, &data, Qt::LeftButton, {});
         QApplication::sendEvent(target, &event);
+        EXPECT_FALSE(frame->isVisible());
         settle();
         return enter.isAccepted() && event.isAccepted();
     }
@@ -175,8 +177,11 @@ TEST_F(ComposeScreen, FilesDroppedAnywhereAreAttached) {
     files.setUrls({QUrl::fromLocalFile(file.fileName())});
     EXPECT_TRUE(drop(view, files));
     EXPECT_TRUE(drop(named(u"To"_s), files)) << "a field has kept it";
-    EXPECT_EQ(message().attachments->size(), 2U);
+    auto *text = named<QPlainTextEdit>(u"Message"_s);
+    EXPECT_TRUE(drop(text->viewport(), files)) << "the text has kept it";
+    EXPECT_EQ(message().attachments->size(), 3U);
     EXPECT_EQ(named(u"To"_s)->text(), QString());
+    EXPECT_EQ(text->toPlainText(), QString());
 }
 
 TEST_F(ComposeScreen, TextDroppedOnAFieldIsItsText) {

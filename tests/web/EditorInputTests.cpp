@@ -52,6 +52,22 @@ TEST_F(EditorInputTest, AttachesDroppedFilesAndPutsNothingIntoTheText) {
     EXPECT_EQ(window.content(), QString());
 }
 
+TEST_F(EditorInputTest, TellsWhileFilesAreHeldOverIt) {
+    QList<bool> held;
+    QObject::connect(window.editor, &ComposeEditorView::filesHeld, &window, [&](bool areHeld) { held << areHeld; });
+    QMimeData files, words;
+    files.setUrls({QUrl(u"file:///tmp/a.png"_s)});
+    words.setUrls({QUrl(u"https://x.test/b"_s)});
+    for (const auto *data : {&words, &files}) {
+        QDragEnterEvent enter({100, 50}, Qt::CopyAction, data, Qt::LeftButton, {});
+        QCoreApplication::sendEvent(dropTarget(), &enter);
+        EXPECT_EQ(held, data == &files ? QList{true} : QList<bool>()) << "a link goes into the text";
+    }
+    QDragLeaveEvent leave;
+    QCoreApplication::sendEvent(dropTarget(), &leave);
+    EXPECT_EQ(held, (QList{true, false}));
+}
+
 TEST_F(EditorInputTest, PutsDroppedWordsIntoTheText) {
     window.fill(u"<p>x</p>"_s);
     auto *data = new QMimeData;

@@ -1,25 +1,10 @@
 #include "compose/screens/AttachmentReceivingWebView.h"
 
+#include "compose/screens/FileDrag.h"
+
 #include <QDropEvent>
 #include <QMimeData>
 #include <QVBoxLayout>
-
-#include <algorithm>
-
-namespace {
-
-QList<QUrl> files(const QMimeData *data) {
-    auto urls = data->urls();
-    urls.removeIf([](const QUrl &url) { return !url.isLocalFile(); });
-    return urls;
-}
-
-void acceptCopy(QDropEvent *event) {
-    event->setDropAction(Qt::CopyAction);
-    event->accept();
-}
-
-} // namespace
 
 AttachmentReceivingWebView::AttachmentReceivingWebView(std::unique_ptr<WebView> webView, QWidget *parent)
     : QWidget(parent)
@@ -34,15 +19,28 @@ AttachmentReceivingWebView::AttachmentReceivingWebView(std::unique_ptr<WebView> 
 AttachmentReceivingWebView::~AttachmentReceivingWebView() = default;
 
 bool AttachmentReceivingWebView::eventFilter(QObject *watched, QEvent *event) {
-    const auto type = event->type();
-    if (type != QEvent::DragEnter && type != QEvent::DragMove && type != QEvent::Drop)
-        return QWidget::eventFilter(watched, event);
-    auto *drop = static_cast<QDropEvent *>(event);
-    const auto urls = files(drop->mimeData());
-    if (urls.isEmpty())
+    switch (event->type()) {
+    case QEvent::DragEnter:
+    case QEvent::DragMove:
+    case QEvent::Drop:
+        return takeFiles(static_cast<QDropEvent *>(event));
+    case QEvent::DragLeave:
+        Q_EMIT filesHeld(false);
         return false;
-    acceptCopy(drop);
-    if (type == QEvent::Drop && onAttachFiles)
-        onAttachFiles(urls);
+    default:
+        return QWidget::eventFilter(watched, event);
+    }
+}
+
+bool AttachmentReceivingWebView::takeFiles(QDropEvent *event) {
+    const auto files = draggedFiles(*event->mimeData());
+    if (files.isEmpty())
+        return false;
+    const bool isDropped = event->type() == QEvent::Drop;
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
+    Q_EMIT filesHeld(!isDropped);
+    if (isDropped && onAttachFiles)
+        onAttachFiles(files);
     return true;
 }

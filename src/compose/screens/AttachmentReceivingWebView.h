@@ -6,6 +6,8 @@
 
 #include <functional>
 
+class QDropEvent;
+
 /// Holds a web view and takes the files that are dropped on it; whatever else is dropped goes into the page.
 class AttachmentReceivingWebView final : public QWidget {
     Q_OBJECT
@@ -20,6 +22,13 @@ public:
 
     bool eventFilter(QObject *watched, QEvent *event) override;
 
+Q_SIGNALS:
+    /// Files are being held over it, or are so no longer.
+    void filesHeld(bool areHeld);
+
 private:
+    /// Whether there were any.
+    bool takeFiles(QDropEvent *event);
+
     std::unique_ptr<WebView> m_webView;
 };

@@ -48,6 +48,7 @@ void ComposeEditorView::build(std::unique_ptr<WebView> webView) {
     layout()->addWidget(m_receiver);
     setFocusProxy(m_receiver);
     m_receiver->onAttachFiles = [this](const QList<QUrl> &files) { Q_EMIT attachFiles(files); };
+    connect(m_receiver, &AttachmentReceivingWebView::filesHeld, this, &ComposeEditorView::filesHeld);
     m_receiver->webView()->setBackgroundColor(Qt::white);
     watchKeys();
     m_coordinator = new ComposeEditorCoordinator(m_receiver->webView(), m_ref, m_receiver);

@@ -41,6 +41,8 @@ Q_SIGNALS:
     void htmlContentChanged(const QString &html);
     /// Files were dropped on the text.
     void attachFiles(const QList<QUrl> &files);
+    /// Files are being held over the text, or are so no longer.
+    void filesHeld(bool areHeld);
 
 private:
     void build(std::unique_ptr<WebView> webView);

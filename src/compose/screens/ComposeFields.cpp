@@ -1,21 +1,14 @@
 #include "compose/screens/ComposeFields.h"
 
 #include "compose/screens/ContactSuggestions.h"
+#include "compose/screens/FileDrag.h"
 #include "ui/screens/ThemeLabel.h"
 
 #include <QComboBox>
-#include <QDropEvent>
 #include <QGridLayout>
 #include <QLineEdit>
-#include <QMimeData>
 
 namespace {
-
-bool isFileDrag(const QEvent *event) {
-    if (event->type() != QEvent::DragEnter && event->type() != QEvent::DragMove && event->type() != QEvent::Drop)
-        return false;
-    return static_cast<const QDropEvent *>(event)->mimeData()->hasUrls();
-}
 
 void setText(QLineEdit *field, const QString &text) {
     if (field->text() == text)
@@ -70,7 +63,7 @@ template <typename Field> Field *ComposeFields::addRow(const QString &label, Fie
 
 QLineEdit *ComposeFields::addTextRow(const QString &label, Row &row) {
     auto *field = addRow(label, new QLineEdit, row);
-    field->installEventFilter(this);
+    leaveFilesToScreen(field);
     connect(field, &QLineEdit::textEdited, this, [this] { m_isUntouched = false; });
     return field;
 }
@@ -78,14 +71,6 @@ QLineEdit *ComposeFields::addTextRow(const QString &label, Row &row) {
 void ComposeFields::connectField(QLineEdit *field, Published<QString> ComposeViewModel::*text) {
     auto *message = m_state->viewModel.get();
     connect(field, &QLineEdit::textEdited, message, [message, text](const QString &typed) { message->*text = typed; });
-}
-
-// Files that are dropped on a field are attached as those dropped beside it: the screen takes them.
-bool ComposeFields::eventFilter(QObject *watched, QEvent *event) {
-    if (!isFileDrag(event))
-        return QWidget::eventFilter(watched, event);
-    event->ignore();
-    return true;
 }
 
 bool ComposeFields::focusMissing() {

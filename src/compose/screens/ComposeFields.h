@@ -27,9 +27,6 @@ Q_SIGNALS:
     /// Return in the subject: the text comes next.
     void textRequested();
 
-protected:
-    bool eventFilter(QObject *watched, QEvent *event) override;
-
 private:
     struct Row {
         ThemeLabel *label;

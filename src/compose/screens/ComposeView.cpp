@@ -92,6 +92,7 @@ void ComposeView::layOut(QWidget *toolbar, QWidget *attachments, QWidget *bottom
 void ComposeView::connectEditor() {
     connect(m_editor, &ComposeEditorView::htmlContentChanged, m_state.get(), &ComposeState::editorChanged);
     connect(m_editor, &ComposeEditorView::attachFiles, m_state.get(), &ComposeState::attachFiles);
+    connect(m_editor, &ComposeEditorView::filesHeld, m_dropFrame, &QWidget::setVisible);
     connect(m_fields, &ComposeFields::textRequested, m_editor, &ComposeEditorView::focusEditor);
 }
 

@@ -1,5 +1,6 @@
 #include "compose/screens/PlainEditor.h"
 
+#include "compose/screens/FileDrag.h"
 #include "mail/HTMLPlainText.h"
 #include "ui/screens/ThemeLabel.h"
 
@@ -20,6 +21,7 @@ PlainEditor::PlainEditor(const QString &reason, QWidget *parent)
     m_text->setPlaceholderText(tr("Write your message..."));
     m_text->setAccessibleName(tr("Message"));
     m_text->setTabChangesFocus(true);
+    leaveFilesToScreen(m_text->viewport());
     setFocusProxy(m_text);
     connect(m_text, &QPlainTextEdit::textChanged, this, [this] { Q_EMIT htmlContentChanged(html()); });
 }
