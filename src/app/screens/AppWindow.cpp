@@ -1,11 +1,13 @@
 #include "app/screens/AppWindow.h"
 
 #include "app/screens/MenuBar.h"
+#include "ui/screens/AccessibleRole.h"
 
 #include <QVBoxLayout>
 
 AppWindow::AppWindow(const QString &title, std::shared_ptr<AppState> appState,
                      const std::function<void()> &openMainWindow) {
+    setAccessibleRole(this, QAccessible::Window);
     setWindowTitle(title);
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);

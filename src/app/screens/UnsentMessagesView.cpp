@@ -1,5 +1,6 @@
 #include "app/screens/UnsentMessagesView.h"
 
+#include "ui/screens/AccessibleRole.h"
 #include "ui/screens/Buttons.h"
 #include "ui/screens/ErrorBanner.h"
 
@@ -8,6 +9,7 @@
 UnsentMessagesView::UnsentMessagesView(std::shared_ptr<MainScreenState> state, QWidget *parent)
     : QWidget(parent)
     , m_state(std::move(state)) {
+    setAccessibleRole(this, QAccessible::Grouping);
     auto *rows = new QVBoxLayout(this);
     rows->setContentsMargins(12, 12, 12, 0);
     rows->setSpacing(8);

@@ -1,6 +1,7 @@
 #include "compose/screens/ComposeAttachmentList.h"
 
 #include "ui/FileSizeText.h"
+#include "ui/screens/AccessibleRole.h"
 #include "ui/screens/Buttons.h"
 #include "ui/screens/ClampedLabel.h"
 #include "ui/screens/SymbolView.h"
@@ -19,6 +20,7 @@ constexpr int mostRows = 4;
 ComposeAttachmentList::ComposeAttachmentList(std::shared_ptr<ComposeState> state, QWidget *parent)
     : QScrollArea(parent)
     , m_state(std::move(state)) {
+    setAccessibleRole(this, QAccessible::Grouping);
     setAccessibleName(tr("Attachments"));
     setFrameShape(NoFrame);
     setFocusPolicy(Qt::NoFocus);
@@ -68,6 +70,7 @@ void ComposeAttachmentList::makeRows() {
 void ComposeAttachmentList::addRow(const QString &symbol, const QString &name, qint64 size,
                                    std::function<void()> remove) {
     auto *row = new QWidget;
+    setAccessibleRole(row, QAccessible::Grouping);
     row->setAccessibleName(u"%1, %2"_s.arg(name, fileSizeText(size)));
     auto *layout = new QHBoxLayout(row);
     layout->setContentsMargins(8, 2, 4, 2);

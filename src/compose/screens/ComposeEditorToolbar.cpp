@@ -5,6 +5,7 @@
 #include "compose/screens/EditorImagePanel.h"
 #include "compose/screens/EditorToolbarButtons.h"
 #include "compose/screens/EditorWebViewRef.h"
+#include "ui/screens/AccessibleRole.h"
 #include "ui/screens/Buttons.h"
 #include "ui/screens/FlowLayout.h"
 
@@ -18,6 +19,7 @@ using namespace Qt::StringLiterals;
 ComposeEditorToolbar::ComposeEditorToolbar(std::shared_ptr<EditorWebViewRef> webViewRef, QWidget *parent)
     : QWidget(parent)
     , m_ref(std::move(webViewRef)) {
+    setAccessibleRole(this, QAccessible::ToolBar);
     setAccessibleName(tr("Formatting"));
     auto *flow = new FlowLayout(2, this);
     flow->setContentsMargins(8, 4, 8, 4);

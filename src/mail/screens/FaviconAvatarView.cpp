@@ -1,6 +1,7 @@
 #include "mail/screens/FaviconAvatarView.h"
 
 #include "mail/FaviconStore.h"
+#include "ui/screens/AccessibleRole.h"
 #include "ui/screens/AvatarView.h"
 
 #include <QPainter>
@@ -34,6 +35,7 @@ void paintFaviconAvatar(QPainter *painter, const QRectF &rect, const QString &do
 
 FaviconAvatarView::FaviconAvatarView(double size, QWidget *parent)
     : QWidget(parent) {
+    setAccessibleRole(this, QAccessible::Graphic);
     setFixedSize(qRound(size), qRound(size));
     connect(&FaviconStore::shared(), &FaviconStore::iconLoaded, this, [this](const QString &domain) {
         if (domain == m_domain)

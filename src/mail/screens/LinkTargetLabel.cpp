@@ -1,5 +1,6 @@
 #include "mail/screens/LinkTargetLabel.h"
 
+#include "ui/screens/AccessibleRole.h"
 #include "ui/screens/AppStyle.h"
 #include "ui/screens/Fonts.h"
 #include "ui/screens/StyleShapes.h"
@@ -17,6 +18,7 @@ constexpr int paddingDown = 4;
 
 LinkTargetLabel::LinkTargetLabel(QWidget *host)
     : QWidget(host) {
+    setAccessibleRole(this, QAccessible::StaticText);
     setAttribute(Qt::WA_TransparentForMouseEvents);
     host->installEventFilter(this);
     hide();

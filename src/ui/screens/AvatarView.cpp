@@ -2,6 +2,7 @@
 
 #include "ui/Avatar.h"
 #include "ui/HexColor.h"
+#include "ui/screens/AccessibleRole.h"
 #include "ui/screens/Fonts.h"
 
 #include <QPainter>
@@ -42,6 +43,7 @@ void paintAvatar(QPainter *painter, const QRectF &rect, const QString &name, con
 
 AvatarView::AvatarView(double size, QWidget *parent)
     : QWidget(parent) {
+    setAccessibleRole(this, QAccessible::Graphic);
     setFixedSize(qRound(size), qRound(size));
 }
 

@@ -2,6 +2,7 @@
 
 #include "ui/Contrast.h"
 #include "ui/SystemColors.h"
+#include "ui/screens/AccessibleRole.h"
 #include "ui/screens/AppStyle.h"
 #include "ui/screens/StyleShapes.h"
 #include "ui/screens/SymbolView.h"
@@ -17,6 +18,7 @@ ErrorBanner::ErrorBanner(QWidget *parent)
     : QWidget(parent)
     , m_symbol(new SymbolView(u"exclamationmark.circle.fill"_s, 16))
     , m_text(new ThemeLabel({}, TextStyle::callout)) {
+    setAccessibleRole(this, QAccessible::AlertMessage);
     auto *row = new QHBoxLayout(this);
     row->setContentsMargins(12, 10, 12, 10);
     row->setSpacing(10);

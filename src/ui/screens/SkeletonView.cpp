@@ -1,5 +1,6 @@
 #include "ui/screens/SkeletonView.h"
 
+#include "ui/screens/AccessibleRole.h"
 #include "ui/screens/AppStyle.h"
 #include "ui/screens/StyleShapes.h"
 
@@ -30,6 +31,7 @@ void paintRow(QPainter &painter, qreal top, qreal width, const QColor &color) {
 
 SkeletonView::SkeletonView(QWidget *parent)
     : QWidget(parent) {
+    setAccessibleRole(this, QAccessible::Animation);
     setAccessibleName(u"Loading"_s);
     m_shimmer.setStartValue(0.4);
     m_shimmer.setEndValue(1.0);

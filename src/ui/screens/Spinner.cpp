@@ -1,5 +1,6 @@
 #include "ui/screens/Spinner.h"
 
+#include "ui/screens/AccessibleRole.h"
 #include "ui/screens/AppStyle.h"
 #include "ui/screens/StyleShapes.h"
 
@@ -16,6 +17,7 @@ constexpr int spokes = 8;
 Spinner::Spinner(int size, QWidget *parent)
     : QWidget(parent)
     , m_color([](const ThemeDefinition &theme) { return theme.textSecondary; }) {
+    setAccessibleRole(this, QAccessible::Animation);
     setFixedSize(size, size);
     setAccessibleName(u"In progress"_s);
     m_turn.setStartValue(0);

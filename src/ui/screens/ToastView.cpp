@@ -1,6 +1,7 @@
 #include "ui/screens/ToastView.h"
 
 #include "ui/SystemColors.h"
+#include "ui/screens/AccessibleRole.h"
 #include "ui/screens/AppStyle.h"
 #include "ui/screens/Compositing.h"
 #include "ui/screens/Fonts.h"
@@ -63,6 +64,7 @@ QRegion roundedRegion(const QRect &rect) {
 ToastView::ToastView(QWidget *host)
     : QWidget(host, Qt::ToolTip | Qt::FramelessWindowHint | Qt::WindowTransparentForInput | Qt::NoDropShadowWindowHint)
     , m_host(host) {
+    setAccessibleRole(this, QAccessible::AlertMessage);
     setAttribute(Qt::WA_TranslucentBackground);
     setAttribute(Qt::WA_ShowWithoutActivating);
     setFont(themeFont(TextStyle::body));
