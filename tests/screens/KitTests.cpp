@@ -195,6 +195,14 @@ TEST_F(KitTest, AToggleIsSwitchedAnywhereOnItsRowAndByTheSpaceBar) {
     EXPECT_EQ(accessibleName(toggle), u"Enable notifications"_s);
 }
 
+// Not every window manager heeds which buttons a dialog wants in its title bar.
+TEST_F(KitTest, ASheetHasNoTitleBar) {
+    QWidget window;
+    const Sheet sheet(u"Custom Range"_s, {}, &window);
+    EXPECT_TRUE(sheet.windowFlags().testFlag(Qt::FramelessWindowHint));
+    EXPECT_EQ(sheet.windowTitle(), u"Custom Range"_s) << "for a screen reader";
+}
+
 TEST_F(KitTest, ASheetClosesWithEscapeAndAnswersReturnWithItsPrimaryButton) {
     QWidget window;
     Sheet sheet(u"Custom Range"_s, u"Pick the period to search."_s, &window);

@@ -24,6 +24,7 @@ AIWriteSheet::AIWriteSheet(std::shared_ptr<ComposeState> state, QWidget *parent)
     , m_generate(addButton(tr("Generate"), ButtonRole::primary)) {
     setAttribute(Qt::WA_DeleteOnClose);
     resize(preferredSize);
+    setSizeGripEnabled(true);
     auto *words = new ThemeLabel(tr("Describe what you want to write"), TextStyle::subheadline, TextRole::secondary);
     words->setBuddy(m_prompt);
     m_prompt->setAccessibleName(words->text());

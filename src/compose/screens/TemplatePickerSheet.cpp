@@ -21,6 +21,7 @@ TemplatePickerSheet::TemplatePickerSheet(std::shared_ptr<ComposeState> state, QW
     , m_templates(m_state->templates) {
     setAttribute(Qt::WA_DeleteOnClose);
     resize(preferredSize);
+    setSizeGripEnabled(true);
     column()->addWidget(m_templates.empty() ? makeEmptyState() : makeList(), 1);
     auto *close = new IconButton(u"xmark.circle.fill"_s, tr("Close (Esc)"));
     addHeaderButton(close);

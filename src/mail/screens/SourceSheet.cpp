@@ -38,6 +38,7 @@ SourceSheet::SourceSheet(QWidget *parent)
     , m_divider(new QFrame) {
     setAttribute(Qt::WA_DeleteOnClose);
     resize(preferredSize);
+    setSizeGripEnabled(true);
     m_note->setAlignment(Qt::AlignCenter);
     m_scroll->setWidget(makeText());
     column()->addWidget(m_note, 1);

@@ -17,6 +17,7 @@ TemplateSheet::TemplateSheet(std::shared_ptr<TemplateListState> state, QWidget *
     , m_state(std::move(state)) {
     setAttribute(Qt::WA_DeleteOnClose);
     resize(usualSize);
+    setSizeGripEnabled(true);
     addField(new FormField(tr("Template Name")), m_state->newName);
     addField(new FormField(tr("Subject")), m_state->newSubject);
     addField(new TextAreaField(tr("Body")), m_state->newBody);

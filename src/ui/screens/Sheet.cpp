@@ -1,12 +1,16 @@
 #include "ui/screens/Sheet.h"
 
+#include "ui/screens/AppStyle.h"
 #include "ui/screens/Buttons.h"
 #include "ui/screens/ThemeLabel.h"
 
+#include <QMouseEvent>
+#include <QPainter>
 #include <QVBoxLayout>
+#include <QWindow>
 
 Sheet::Sheet(const QString &title, const QString &subtitle, QWidget *parent)
-    : QDialog(parent)
+    : QDialog(parent, Qt::Dialog | Qt::FramelessWindowHint)
     , m_column(new QVBoxLayout)
     , m_header(new QHBoxLayout)
     , m_buttons(new QHBoxLayout) {
@@ -40,4 +44,16 @@ QPushButton *Sheet::addButton(const QString &text, ButtonRole role) {
 
 void Sheet::addHeaderButton(QAbstractButton *button) {
     m_header->addWidget(button);
+}
+
+/// It has no title bar to be moved by.
+void Sheet::mousePressEvent(QMouseEvent *event) {
+    if (event->button() == Qt::LeftButton)
+        windowHandle()->startSystemMove();
+}
+
+void Sheet::paintEvent(QPaintEvent *) {
+    QPainter painter(this);
+    painter.setPen(AppStyle::theme().textLight);
+    painter.drawRect(rect().adjusted(0, 0, -1, -1));
 }

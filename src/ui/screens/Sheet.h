@@ -22,6 +22,10 @@ public:
     /// A small button beside the title.
     void addHeaderButton(QAbstractButton *button);
 
+protected:
+    void mousePressEvent(QMouseEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
+
 private:
     QVBoxLayout *m_column;
     QHBoxLayout *m_header, *m_buttons;
