@@ -129,8 +129,8 @@ void AppDriver::click(QWidget *widget) {
     QTest::mouseClick(widget, Qt::LeftButton);
 }
 
-QImage AppDriver::screenshot() {
+QImage AppDriver::screenshot(const QWidget &window) {
     settle();
-    const auto frame = window().geometry();
-    return window().screen()->grabWindow(0, frame.x(), frame.y(), frame.width(), frame.height()).toImage();
+    const auto frame = window.geometry();
+    return window.screen()->grabWindow(0, frame.x(), frame.y(), frame.width(), frame.height()).toImage();
 }

@@ -45,8 +45,10 @@ public:
     void type(const QString &text);
     void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {});
     void click(QWidget *widget);
-    /// What the display shows at the window's place, whatever drew it.
-    QImage screenshot();
+    /// What the display shows at the main window's place, whatever drew it.
+    QImage screenshot() { return screenshot(window()); }
+    /// The same at the place of another.
+    static QImage screenshot(const QWidget &window);
 
 private:
     static QString accessibleName(QWidget *widget);
