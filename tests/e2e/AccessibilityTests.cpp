@@ -107,7 +107,8 @@ TEST_F(Accessibility, TheMessageThatIsWrittenIsSaidWithItsFormats) {
     EXPECT_THAT(names(u"check box"_s), testing::IsSupersetOf(Words{"Bold", "Numbers"}));
     EXPECT_THAT(names(u"button menu"_s), testing::ElementsAre("Font Size", "Text Color", "Highlight", "Insert Image"));
     EXPECT_THAT(names(u"panel"_s), testing::IsSupersetOf(Words{"Attachments", "plan.pdf, 4 B"}));
-    EXPECT_THAT(names(u"push button"_s), testing::IsSupersetOf(Words{"Insert Link", "Remove plan.pdf", "Send"}));
+    EXPECT_THAT(names(u"push button"_s), testing::IsSupersetOf(Words{"Indent", "Outdent", "Insert Link", "Clear Format",
+                                                                     "Remove plan.pdf", "Send"}));
     visitSheet(u"Insert Link"_s, writer.view(), u"Insert Link"_s);
     visitSheet(u"Templates"_s, writer.view(), u"Quick Reply Templates"_s);
     visitSheet(u"AI"_s, writer.view(), u"AI Write"_s);
@@ -127,7 +128,7 @@ TEST_F(Accessibility, TemplatesAndContactsAreSaidInWords) {
         app.state().navigationDestination = row.destination;
         AppDriver::waitUntil([&] { return app.find<QAbstractButton>(row.button) != nullptr; });
         expectSpeakable();
-        EXPECT_THAT(names(u"list item"_s), testing::Contains(row.item));
+        EXPECT_THAT(names(u"list item"_s), testing::Contains(testing::StartsWith(row.item)));
         visitSheet(row.button, nullptr, row.sheet);
     }
 }

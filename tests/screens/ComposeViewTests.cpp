@@ -1,6 +1,5 @@
 #include "compose/screens/ComposeView.h"
 
-#include "compose/screens/ComposeEditorToolbar.h"
 #include "compose/screens/ContactSuggestions.h"
 #include "compose/screens/DropFrame.h"
 #include "compose/screens/EditorImagePanel.h"
@@ -203,24 +202,6 @@ TEST_F(ComposeScreen, AttachmentsAreRemovedByKeysAlone) {
     EXPECT_TRUE(spinUntil([this] { return !named<IconButton>(u"Remove one"_s); }));
     EXPECT_EQ(message().attachments->size(), 1U);
     EXPECT_EQ(QApplication::focusWidget(), named<IconButton>(u"Remove two"_s));
-}
-
-TEST_F(ComposeScreen, OnlyCommandsThatCanBeInForceAreToggles) {
-    open();
-    QStringList toggles;
-    for (auto *button : section->findChild<ComposeEditorToolbar *>()->findChildren<IconButton *>())
-        if (button->isCheckable())
-            toggles.append(button->accessibleName());
-    EXPECT_EQ(toggles, (QStringList{u"Bold"_s, u"Italic"_s, u"Underline"_s, u"Strikethrough"_s, u"Align Left"_s,
-                                    u"Align Center"_s, u"Align Right"_s, u"Bullets"_s, u"Numbers"_s}));
-}
-
-TEST_F(ComposeScreen, ImagesAreChosenUnderAShortName) {
-    open();
-    showEditorImagePanel(view, [](const QString &) {});
-    auto *filters = section->findChild<QComboBox *>(u"fileTypeCombo"_s);
-    ASSERT_TRUE(filters);
-    EXPECT_EQ(filters->currentText(), u"Images"_s);
 }
 
 TEST_F(ComposeScreen, ASecondPressForTemplatesWaitsForTheFirst) {
