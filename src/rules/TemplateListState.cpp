@@ -1,22 +1,11 @@
 #include "rules/TemplateListState.h"
 
+#include "rules/TemplateRow.h"
 #include "rules/TemplateService.h"
 
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-ListRow templateRow(const EmailTemplate &mailTemplate) {
-    const auto subject = mailTemplate.subject.value_or(QString());
-    return {.id = mailTemplate._id,
-            .title = mailTemplate.name,
-            .detail = subject,
-            .accessibleText = subject.isEmpty() ? mailTemplate.name : mailTemplate.name + u", "_s + subject};
-}
-
-} // namespace
 
 std::shared_ptr<TemplateListState> TemplateListState::make() {
     const std::shared_ptr<TemplateListState> state(new TemplateListState);

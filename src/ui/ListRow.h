@@ -2,7 +2,7 @@
 
 #include "ui/RowListModel.h"
 
-/// One row of a simple list, ready to be painted: a title with a line below it.
+/// One row of a simple list, ready to be painted: a title with up to two lines below it.
 struct ListRow {
     QString id;
     QString title;
@@ -12,6 +12,8 @@ struct ListRow {
     QString count;
     /// All that the row shows, in words.
     QString accessibleText;
+    /// A second line below the title; empty for none.
+    QString preview;
 
     const QString &identity() const { return id; }
     bool operator==(const ListRow &) const = default;

@@ -1,11 +1,14 @@
 #include "compose/screens/TemplatePickerSheet.h"
 
-#include "compose/screens/TemplateRowDelegate.h"
+#include "rules/TemplateRow.h"
 #include "ui/screens/Buttons.h"
 #include "ui/screens/EmptyStateView.h"
+#include "ui/screens/ListRowDelegate.h"
+#include "ui/screens/RowsView.h"
 
-#include <QListWidget>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -34,20 +37,23 @@ QWidget *TemplatePickerSheet::makeEmptyState() const {
 }
 
 QWidget *TemplatePickerSheet::makeList() {
-    auto *list = new QListWidget;
+    auto *model = new ListRowModel(this);
+    std::vector<ListRow> rows;
+    std::ranges::transform(m_templates, std::back_inserter(rows), templateRowWithPreview);
+    model->setRows(std::move(rows));
+    auto *list = new RowsView(new ListRowDelegate(ListRowDelegate::Picture::none));
     list->setAccessibleName(windowTitle());
-    list->setItemDelegate(new TemplateRowDelegate(list));
-    list->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
-    for (const auto &one : m_templates)
-        list->addItem(templateItem(one));
-    list->setCurrentRow(0);
-    const auto pick = [this, list] {
-        const auto chosen = m_templates.at(std::size_t(list->currentRow()));
-        m_state->pickTemplate(chosen);
-        accept();
-    };
-    connect(list, &QListWidget::itemClicked, this, pick);
-    connect(list, &QListWidget::itemActivated, this, pick);
+    list->setUniformItemSizes(false);
+    list->setModel(model);
+    list->setCurrentIndex(model->index(0, 0));
+    connect(list, &QListView::clicked, this, &TemplatePickerSheet::pick);
+    connect(list, &RowsView::openRequested, this, &TemplatePickerSheet::pick);
     list->setFocus();
     return list;
+}
+
+void TemplatePickerSheet::pick(const QModelIndex &index) {
+    const auto &id = static_cast<const ListRowModel *>(index.model())->row(index.row()).id;
+    m_state->pickTemplate(*std::ranges::find(m_templates, id, &EmailTemplate::_id));
+    accept();
 }

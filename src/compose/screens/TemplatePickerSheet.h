@@ -12,6 +12,7 @@ public:
 private:
     QWidget *makeList();
     QWidget *makeEmptyState() const;
+    void pick(const QModelIndex &index);
 
     std::shared_ptr<ComposeState> m_state;
     const std::vector<EmailTemplate> m_templates;

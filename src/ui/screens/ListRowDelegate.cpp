@@ -23,9 +23,33 @@ QFont detailFont() {
     return themeFont(TextStyle::caption);
 }
 
-int textHeight(bool hasDetail) {
-    const auto titleHeight = QFontMetrics(titleFont()).lineSpacing();
-    return hasDetail ? titleHeight + gap + QFontMetrics(detailFont()).lineSpacing() : titleHeight;
+struct Line {
+    QString text;
+    QFont font;
+    QColor color;
+    int height() const { return QFontMetrics(font).lineSpacing(); }
+};
+
+/// Those that have something to say.
+std::vector<Line> linesOf(const ListRow &row, const RowColors &colors) {
+    std::vector<Line> lines{{row.title, titleFont(), colors.text},
+                            {row.detail, detailFont(), colors.secondary},
+                            {row.preview, detailFont(), colors.secondary}};
+    std::erase_if(lines, [](const Line &line) { return line.text.isEmpty(); });
+    return lines;
+}
+
+/// Of a title with so many lines below it.
+int textHeight(int details) {
+    return QFontMetrics(titleFont()).lineSpacing() + details * (gap + QFontMetrics(detailFont()).lineSpacing());
+}
+
+int detailCount(const ListRow &row) {
+    return int(!row.detail.isEmpty()) + int(!row.preview.isEmpty());
+}
+
+const ListRow &rowAt(const QModelIndex &index) {
+    return static_cast<const ListRowModel *>(index.model())->row(index.row());
 }
 
 /// Returns where the texts must end.
@@ -39,12 +63,11 @@ int paintCount(QPainter *painter, const QRect &place, const QString &count, cons
 }
 
 void paintTexts(QPainter *painter, const QRect &place, const ListRow &row, const RowColors &colors) {
-    const auto height = textHeight(!row.detail.isEmpty());
-    QRect line(place.left(), place.top() + (place.height() - height) / 2, place.width(), textHeight(false));
-    drawLine(painter, line, titleFont(), colors.text, row.title, atLeft);
-    line.moveTop(line.bottom() + 1 + gap);
-    line.setHeight(QFontMetrics(detailFont()).lineSpacing());
-    drawLine(painter, line, detailFont(), colors.secondary, row.detail, atLeft);
+    int top = place.top() + (place.height() - textHeight(detailCount(row))) / 2;
+    for (const auto &line : linesOf(row, colors)) {
+        drawLine(painter, {place.left(), top, place.width(), line.height()}, line.font, line.color, line.text, atLeft);
+        top += line.height() + gap;
+    }
 }
 
 } // namespace
@@ -53,13 +76,15 @@ ListRowDelegate::ListRowDelegate(Picture picture, QObject *parent)
     : RowDelegate(parent)
     , m_picture(picture) {}
 
-QSize ListRowDelegate::sizeHint(const QStyleOptionViewItem &, const QModelIndex &) const {
-    return {200, std::max(leastRowHeight, textHeight(true) + 2 * rowMargin)};
+// Rows with one detail and rows without are of one height.
+QSize ListRowDelegate::sizeHint(const QStyleOptionViewItem &, const QModelIndex &index) const {
+    const int details = index.isValid() ? std::max(detailCount(rowAt(index)), 1) : 1;
+    return {200, std::max(leastRowHeight, textHeight(details) + 2 * rowMargin)};
 }
 
 void ListRowDelegate::paintContent(QPainter *painter, const QRect &place, const QModelIndex &index,
                                    const RowColors &colors) const {
-    const auto &row = static_cast<const ListRowModel *>(index.model())->row(index.row());
+    const auto &row = rowAt(index);
     auto texts = place.adjusted(4, 0, 0, 0);
     texts.setRight(paintCount(painter, place, row.count, colors));
     if (m_picture == Picture::initials) {

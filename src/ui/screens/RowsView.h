@@ -20,9 +20,9 @@ public:
     /// Takes the delegate as its child.
     explicit RowsView(RowDelegate *delegate, QWidget *parent = nullptr);
 
-    /// To be called once, when the model is set.
+    /// To be called at most once, when the model is set.
     void offerActions(ActionsOf actionsOf);
-    RowActions actionsOf(const QModelIndex &index) const { return m_actionsOf(index); }
+    RowActions actionsOf(const QModelIndex &index) const { return m_actionsOf ? m_actionsOf(index) : RowActions(); }
     RowDelegate *rowDelegate() const { return m_delegate; }
 
     /// Typed letters are nobody's search here: they go on to whoever else wants them.
