@@ -2,7 +2,6 @@
 
 #include "compose/screens/ContactSuggestions.h"
 #include "compose/screens/DropFrame.h"
-#include "compose/screens/EditorImagePanel.h"
 #include "screens/SectionScreenFixture.h"
 #include "ui/screens/Buttons.h"
 #include "ui/screens/ErrorBanner.h"
