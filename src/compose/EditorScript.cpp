@@ -1,20 +1,30 @@
 #include "compose/EditorScript.h"
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace {
 
-/// For a place between single quotes. In one pass: a message can hold megabytes of pictures.
+QString escapedCharacter(QChar character) {
+    if (character == u'\r')
+        return {};
+    return character == u'\n' ? u"\\n"_s : u"\\"_s + character;
+}
+
+/// For a place between single quotes. In one pass and by stretches: a message can hold megabytes of pictures.
 QString escaped(const QString &text) {
+    const auto isSpecial = [](QChar character) {
+        return character == u'\\' || character == u'\'' || character == u'\n' || character == u'\r';
+    };
     QString result;
     result.reserve(text.size() + text.size() / 16);
-    for (const auto character : text) {
-        if (character == u'\n')
-            result += u"\\n"_s;
-        else if (character == u'\\' || character == u'\'')
-            (result += u'\\') += character;
-        else if (character != u'\r')
-            result += character;
+    for (auto start = text.begin(); start != text.end();) {
+        const auto end = std::find_if(start, text.end(), isSpecial);
+        result += QStringView(start, end);
+        if (end != text.end())
+            result += escapedCharacter(*end);
+        start = end == text.end() ? end : end + 1;
     }
     return result;
 }

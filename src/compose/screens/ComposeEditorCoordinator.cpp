@@ -1,7 +1,6 @@
 #include "compose/screens/ComposeEditorCoordinator.h"
 
 #include "compose/EditorPage.h"
-#include "compose/EditorPageScript.h"
 #include "compose/EditorScript.h"
 #include "compose/screens/EditorWebViewRef.h"
 

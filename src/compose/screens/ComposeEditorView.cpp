@@ -1,6 +1,6 @@
 #include "compose/screens/ComposeEditorView.h"
 
-#include "compose/EditorPageScript.h"
+#include "compose/EditorPage.h"
 #include "compose/screens/AttachmentReceivingWebView.h"
 #include "compose/screens/ComposeEditorCoordinator.h"
 #include "compose/screens/EditorInput.h"
