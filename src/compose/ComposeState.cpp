@@ -42,13 +42,27 @@ QString ComposeState::title() const {
 }
 
 void ComposeState::editorChanged(const QString &html) {
+    if (!m_untouchedText)
+        m_untouchedText = html;
+    m_isTextTouched = m_isTextTouched || html != *m_untouchedText;
     editorHTML = html;
     viewModel->body = html;
 }
 
 void ComposeState::setContent(const QString &html) {
-    editorChanged(html);
+    m_untouchedText = std::nullopt;
+    editorHTML = html;
+    viewModel->body = html;
     initialEditorContent = html;
+}
+
+QStringList ComposeState::fields() const {
+    const auto files = viewModel->attachments->size() + viewModel->forwardedAttachments->size();
+    return {viewModel->to, viewModel->cc, viewModel->bcc, viewModel->subject, QString::number(files)};
+}
+
+bool ComposeState::isBegun() const {
+    return m_isTextTouched || (m_isFilled && fields() != m_filledFields);
 }
 
 QCoro::Task<> ComposeState::loadContacts() {
@@ -107,8 +121,10 @@ void ComposeState::pickTemplate(const EmailTemplate &chosen) {
     const auto body = chosen.body.value_or(QString());
     if (!subject.isEmpty())
         viewModel->subject = subject;
-    if (!body.isEmpty())
+    if (!body.isEmpty()) {
         setContent(body.contains(u'<') ? body : withLineBreaks(body));
+        m_isTextTouched = true;
+    }
     showTemplatePicker = false;
 }
 
@@ -135,6 +151,7 @@ QCoro::Task<> ComposeState::writeText(QString prompt) {
         // Whoever closed the sheet writes on.
         if (showAIPrompt) {
             setContent(withLineBreaks(text));
+            m_isTextTouched = true;
             closeAIPrompt();
         }
     } catch (const std::exception &) {
@@ -182,7 +199,7 @@ void ComposeState::addFile(const ComposeAttachment &file) {
 }
 
 bool ComposeState::canSend() const {
-    return !viewModel->isSending && m_attaching == 0;
+    return m_isFilled && !viewModel->isSending && m_attaching == 0;
 }
 
 QCoro::Task<> ComposeState::send() {
@@ -191,29 +208,35 @@ QCoro::Task<> ComposeState::send() {
         co_return;
     const bool isSent = co_await viewModel->send();
     m_isSent = isSent;
-    if (m_isClosed)
-        surface(m_isSent, m_account);
+    if (m_isClosed && m_isSent)
+        Q_EMIT m_appState->sendOutcomes.messageSent(m_account);
+    else if (m_isClosed)
+        surfaceUnsent(viewModel->errorMessage);
     else if (m_isSent)
         Q_EMIT dismissed();
 }
 
-void ComposeState::surface(bool isSent, const QString &account) {
-    auto &outcomes = m_appState->sendOutcomes;
-    if (isSent)
-        Q_EMIT outcomes.messageSent(account);
-    else
-        outcomes.add({.account = account,
-                      .subject = viewModel->subject,
-                      .error = viewModel->errorMessage->value_or(QString()),
-                      .message = viewModel});
+void ComposeState::surfaceUnsent(const std::optional<QString> &error) {
+    m_appState->sendOutcomes.add(
+        {.account = m_account, .subject = title(), .error = error.value_or(QString()), .message = viewModel});
 }
 
 void ComposeState::close() {
     m_isClosed = true;
-    // One that was opened again can be opened once more.
-    if (m_request.unsent && !m_isSent && !viewModel->isSending)
-        surface(false, m_account);
+    m_readEditor = nullptr;
     m_appState->disconnect(this);
+    if (m_isSent || viewModel->isSending)
+        return;
+    // Nobody has given up a message that gave way to another one.
+    if (isReplaced() && isBegun())
+        surfaceUnsent(u"Another message was begun."_s);
+    // One that was opened again can be opened once more.
+    else if (m_request.unsent)
+        surfaceUnsent(viewModel->errorMessage);
+}
+
+bool ComposeState::isReplaced() const {
+    return m_appState->showCompose && m_appState->composePresentationID.get() != m_presentation;
 }
 
 bool ComposeState::isCurrent() const {

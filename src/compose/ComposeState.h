@@ -36,9 +36,14 @@ public:
     /// The subject, or what stands for it.
     QString title() const;
 
+    /// Calls back with what stands in the editor at this moment, with nothing when the page is not there, and not at
+    /// all once the screen has gone.
+    using ReadEditor = std::function<void(std::function<void(std::optional<QString>)>)>;
+    void readEditorWith(ReadEditor read) { m_readEditor = std::move(read); }
     /// Fills the message; a second call does nothing.
     void start();
     bool isFilled() const { return m_isFilled; }
+    /// The editor holds this now.
     void editorChanged(const QString &html);
     /// The person has typed in "To".
     void recipientsEdited(const QString &text);
@@ -60,7 +65,7 @@ public:
     /// Reads and attaches one after the other; those that cannot be attached are named in `errorMessage`.
     void attachFiles(const QList<QUrl> &urls);
 
-    /// False while the message is being sent, and while files are still being read.
+    /// False while the message is being filled or sent, and while files are still being read.
     bool canSend() const;
     /// The newest HTML of the editor has been told by `editorChanged`. Ends with `dismissed` on success; once the
     /// screen is closed, the outcome goes to `AppState`.
@@ -84,16 +89,24 @@ private:
     QCoro::Task<> attachEach(QList<QUrl> urls);
     QCoro::Task<> attach(QUrl url);
     void addFile(const ComposeAttachment &file);
-    void surface(bool isSent, const QString &account);
+    void surfaceUnsent(const std::optional<QString> &error);
+    /// Whether there is more than the message began with.
+    bool isBegun() const;
+    QStringList fields() const;
+    bool isReplaced() const;
     /// Whether what others leave in `AppState` for a message is for this one.
     bool isCurrent() const;
 
+    /// Brings the last keys into `viewModel` first, which the editor has not reported yet.
+    void withEditorText(std::function<void(ComposeState &)> change);
     QCoro::Task<> fill();
     void fillFromRequest();
+    void finishFilling();
     void carryAttachments();
     void fillFromLink();
     /// Above what is quoted, and below what is written already.
     void placeSignature(const QString &written);
+    void answerSharedItems();
     void takeInSharedItems();
     void setContent(const QString &html);
 
@@ -101,6 +114,12 @@ private:
     const ComposeRequest m_request;
     const QString m_account;
     const QUuid m_presentation;
+    ReadEditor m_readEditor;
+    /// The message's fields once it was filled.
+    QStringList m_filledFields;
+    /// The text that nobody has touched, as the editor writes it; absent until the editor has shown it.
+    std::optional<QString> m_untouchedText = QString();
+    bool m_isTextTouched = false;
     bool m_didInitialize = false;
     bool m_isFilled = false;
     bool m_isLoadingTemplates = false;

@@ -13,14 +13,37 @@ QCoro::Task<> ComposeState::fill() {
     const auto self = shared_from_this();
     if (m_request.unsent) {
         setContent(viewModel->body);
-    } else {
-        // Whose address it is says who is left out of a reply.
-        co_await viewModel->loadFromAddresses();
-        fillFromRequest();
+        finishFilling();
+        co_return;
     }
-    connect(m_appState.get(), &ObservableObject::changed, this, &ComposeState::takeInSharedItems);
+    // Whose address it is says who is left out of a reply.
+    co_await viewModel->loadFromAddresses();
+    const std::function<void(ComposeState &)> fillNow = [](ComposeState &state) {
+        state.fillFromRequest();
+        state.finishFilling();
+    };
+    withEditorText(fillNow);
+}
+
+void ComposeState::withEditorText(std::function<void(ComposeState &)> change) {
+    if (!m_readEditor)
+        return change(*this);
+    m_readEditor([weakSelf = weak_from_this(), change](const std::optional<QString> &html) {
+        const auto self = weakSelf.lock();
+        if (!self || self->m_isClosed)
+            return;
+        if (html)
+            self->editorChanged(*html);
+        change(*self);
+    });
+}
+
+void ComposeState::finishFilling() {
+    connect(m_appState.get(), &ObservableObject::changed, this, &ComposeState::answerSharedItems);
     takeInSharedItems();
+    m_filledFields = fields();
     m_isFilled = true;
+    scheduleChange();
     Q_EMIT filled();
 }
 
@@ -69,6 +92,11 @@ void ComposeState::placeSignature(const QString &written) {
         setContent(written + signatureHTML.get() + viewModel->body.get());
     else if (!signatureHTML->isEmpty())
         setContent(written + signatureHTML.get());
+}
+
+void ComposeState::answerSharedItems() {
+    if (isCurrent() && !(m_appState->sharedAttachments->empty() && m_appState->sharedBody->isEmpty()))
+        withEditorText(&ComposeState::takeInSharedItems);
 }
 
 void ComposeState::takeInSharedItems() {

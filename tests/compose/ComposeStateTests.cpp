@@ -170,10 +170,13 @@ TEST_F(ComposeStateTest, KeepsWhatIsWrittenWhileTheServerIsSlow) {
         if (replies)
             state->composeReplyTo = answeredLetter();
         auto &slow = openSlowly();
-        screen->editorChanged(u"typed"_s);
+        screen->editorChanged(u"typ"_s);
+        screen->readEditorWith([](auto done) { done(u"typed"_s); });
+        EXPECT_FALSE(screen->canSend()) << "the message lacks what it begins with";
         slow.close();
         settle();
         EXPECT_TRUE(message().body->startsWith(u"typed"_s + plainBlock));
+        EXPECT_TRUE(screen->canSend());
         expectContent(message().body);
         screen->close();
     }
@@ -197,6 +200,10 @@ TEST_F(ComposeStateTest, TakesInWhatIsSharedBeforeAndAfterItIsOpen) {
     state->sharedBody = u"c"_s;
     settle();
     expectContent(u"c"_s + plainBlock);
+    screen->readEditorWith([](auto done) { done(u"the last key"_s); });
+    state->sharedBody = u"d"_s;
+    settle();
+    expectContent(u"dthe last key"_s);
     screen->close();
     state->sharedBody = u"for another"_s;
     settle();

@@ -134,6 +134,33 @@ TEST_F(UnsentMessages, DoNotPushAsideAMessageThatIsBeingWritten) {
     EXPECT_EQ(notices(), oneNotice);
 }
 
+TEST_F(UnsentMessages, AMessageThatGivesWayToAnotherIsKeptIfItWasBegun) {
+    const std::function<void()> beginnings[]{
+        [] {},
+        [this] { screen->editorChanged(u"typed"_s); },
+        [this] { message().subject = u"S"_s; },
+        [this] { screen->pickTemplate({.subject = {}, .body = u"Thanks"_s}); },
+        [this] { message().addAttachment(u"a.txt"_s, "1", u"text/plain"_s); },
+    };
+    for (const auto &beginToWrite : beginnings) {
+        state->composeReplyTo = answeredLetter();
+        open();
+        // The page's own form of what it shows.
+        screen->editorChanged(u"<p>Hi</p>"_s);
+        beginToWrite();
+        state->presentCompose();
+        screen->close();
+    }
+    EXPECT_EQ(notices(), QStringList({u"“Re: Lunch” was not sent: Another message was begun."_s,
+                                      u"“S” was not sent: Another message was begun."_s,
+                                      u"“Re: Lunch” was not sent: Another message was begun."_s,
+                                      u"“Re: Lunch” was not sent: Another message was begun."_s}));
+    open();
+    screen->editorChanged(u"typed"_s);
+    closeScreen();
+    EXPECT_EQ(notices().size(), 4) << "given up on purpose";
+}
+
 TEST_F(UnsentMessages, AreShownToTheirOwnAccountOnly) {
     loseOne();
     await(state->signOut());

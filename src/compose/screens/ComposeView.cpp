@@ -54,6 +54,7 @@ ComposeView::ComposeView(std::shared_ptr<ComposeState> state, FocusedActions &ac
     connect(m_state.get(), &ComposeState::filled, this, &ComposeView::beginToWrite);
     connectEditor();
     addShortcuts();
+    m_state->readEditorWith([this](auto done) { m_editor->fetchContent(std::move(done)); });
     m_state->start();
     observe(m_state.get(), this, &ComposeView::render);
     m_fields->focusMissing();
