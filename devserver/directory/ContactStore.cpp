@@ -38,7 +38,8 @@ std::vector<MailContact> ContactStore::list(const std::string &accountID) {
 void ContactStore::add(const std::string &accountID, const std::string &email, const std::string &name) {
     const std::lock_guard lock(m_mutex);
     m_database.run("INSERT INTO contact (id, account_id, email, name, frequency, source) VALUES (?, ?, ?, ?, 0, "
-                   "'manual') ON CONFLICT (account_id, email) DO UPDATE SET name = excluded.name",
+                   "'manual') ON CONFLICT (account_id, email) DO UPDATE SET "
+                   "name = CASE excluded.name WHEN '' THEN name ELSE excluded.name END",
                    randomHex(12), accountID, email, name);
 }
 

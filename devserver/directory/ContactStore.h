@@ -22,7 +22,7 @@ public:
 
     /// Whom the account writes to most, first.
     std::vector<MailContact> list(const std::string &accountID);
-    /// An address that is there already takes the name.
+    /// An address that is there already takes the name, if one is given.
     void add(const std::string &accountID, const std::string &email, const std::string &name);
     /// Counts a message that went to this address. A name that somebody entered stays.
     void noteUse(const std::string &accountID, const std::string &email, const std::string &name,
