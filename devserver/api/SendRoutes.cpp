@@ -1,6 +1,8 @@
 #include "api/APIRoutes.h"
 #include "send/SendRequest.h"
 
+#include <iostream>
+
 namespace {
 
 APIResponse fromAddresses(AccountStore &accounts, const APIRequest &request) {
@@ -10,12 +12,21 @@ APIResponse fromAddresses(AccountStore &accounts, const APIRequest &request) {
     return APIResponse::json({{"addresses", std::move(records)}});
 }
 
+/// A failure is only logged: the message has gone out by now.
+void noteRecipients(ContactStore &contacts, const std::string &accountID, const OutgoingMessage &message) {
+    try {
+        for (const auto &[name, address] : recipientsOf(message))
+            contacts.noteUse(accountID, address, name);
+    } catch (const std::exception &error) {
+        std::cerr << "Recipients are not noted as contacts: " << error.what() << std::endl;
+    }
+}
+
 APIResponse send(const ServerContext &context, const APIRequest &request) {
     const auto &account = request.account();
     const auto message = readSendRequest(request, context.accounts, context.mailbox(request));
     context.delivery.send(account, message);
-    for (const auto &[name, address] : recipientsOf(message))
-        context.contacts.noteUse(account.id, address, name);
+    noteRecipients(context.contacts, account.id, message);
     return APIResponse::done();
 }
 

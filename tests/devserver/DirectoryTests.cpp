@@ -1,5 +1,7 @@
 #include "SendServerTest.h"
 
+#include "storage/SQLiteDatabase.h"
+
 namespace {
 
 using nlohmann::json;
@@ -50,6 +52,7 @@ TEST_F(DirectoryTest, ContactsAreAddedChangedAndDeleted) {
     EXPECT_EQ(postStatus("api/contacts/add", R"({"email":"nobody","name":""})"), 400);
     onlyContact(R"("email":"bob@b.example","frequency":0,"name":"Bob Ray","source":"manual")");
     EXPECT_EQ(postStatus("api/contacts/add", R"({"email":"BOB@b.example","name":"Robert"})"), 200);
+    EXPECT_EQ(postStatus("api/contacts/add", R"({"email":"bob@b.example","name":""})"), 200);
     const auto id = onlyContact(R"("email":"bob@b.example","frequency":0,"name":"Robert","source":"manual")");
     const auto update = [&](const std::string &email) {
         return postStatus("api/contacts/update", json{{"contact_id", id}, {"email", email}, {"name", ""}}.dump());
@@ -86,6 +89,12 @@ TEST_F(DirectoryTest, WhomOneWritesToBecomesAContactAndRises) {
     EXPECT_EQ(rows,
               (std::vector<std::string>{"dana@corvanite.example Dana O. 2 sent", "ilias@corvanite.example Me 1 manual",
                                         "tides@corvanite.example  1 sent"}));
+}
+
+TEST_F(DirectoryTest, AMessageThatHasGoneOutIsSentWhateverBecomesOfTheContacts) {
+    SQLiteDatabase(m_folder.path() / "state/contacts.sqlite").execute("DROP TABLE contact");
+    sendWell(mail());
+    EXPECT_EQ(contentOf(sentCopy()), contentOf(delivered()));
 }
 
 TEST_F(DirectoryTest, TheDemoAccountKnowsPeopleMostWrittenToFirst) {
