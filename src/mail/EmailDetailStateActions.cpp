@@ -108,9 +108,11 @@ QCoro::Task<> EmailDetailState::toggleFlag(QString name, std::optional<bool> Ema
 
 void EmailDetailState::takeFlag(const QString &folder, const std::vector<qint64> &uids, const QString &name,
                                 bool value) {
-    const auto shown = reference.get();
     const auto flag = flagNamed(name);
-    if (!flag || !viewModel->email.get() || shown->folder != folder || !std::ranges::count(uids, shown->uid))
+    if (!flag || content() != Content::message)
+        return;
+    const auto &shown = *reference.get();
+    if (shown.folder != folder || !std::ranges::count(uids, shown.uid))
         return;
     viewModel->email.modify([=](std::optional<EmailDetail> &email) { (*email).*flag = value; });
 }

@@ -1,4 +1,5 @@
 #include "mail/EmailDetailFixture.h"
+#include "mail/FlagChanges.h"
 #include "mail/MailboxViewModel.h"
 #include "mail/MenuFinder.h"
 
@@ -233,7 +234,10 @@ TEST_F(EmailDetailActionsTest, DoNothingWithoutAMessage) {
         screen->perform(action);
     screen->checkSpam();
     screen->block(false);
+    for (const auto uid : {7, 8})
+        Q_EMIT FlagChanges::shared().changed(u"INBOX"_s, {uid}, u"flagged"_s, true);
     settle();
+    EXPECT_FALSE(screen->isFlagged());
     EXPECT_FALSE(state->showCompose);
     EXPECT_FALSE(screen->showBlockConfirmation);
     EXPECT_TRUE(screen->moreEntries().empty());
