@@ -110,6 +110,17 @@ TEST_F(ComposeScreen, TabTakesNoSuggestionThatNobodyChose) {
     EXPECT_FALSE(suggestions()->isVisible());
 }
 
+TEST_F(ComposeScreen, TabLeadsFromTheSubjectToTheTextAndBackThroughTheToolbar) {
+    open();
+    focus(named(u"Subject"_s));
+    press(Qt::Key_Tab);
+    EXPECT_EQ(QApplication::focusWidget(), named<QPlainTextEdit>(u"Message"_s));
+    press(Qt::Key_Backtab, Qt::ShiftModifier);
+    EXPECT_EQ(QApplication::focusWidget(), named<IconButton>(u"Font Size"_s));
+    press(Qt::Key_Backtab, Qt::ShiftModifier);
+    EXPECT_EQ(QApplication::focusWidget(), named(u"Subject"_s));
+}
+
 TEST_F(ComposeScreen, EscapeClosesTheSuggestionsBeforeTheScreen) {
     open();
     type(u"ad"_s);

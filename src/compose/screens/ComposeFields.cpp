@@ -6,6 +6,7 @@
 
 #include <QComboBox>
 #include <QGridLayout>
+#include <QKeyEvent>
 #include <QLineEdit>
 
 namespace {
@@ -48,6 +49,7 @@ ComposeFields::ComposeFields(std::shared_ptr<ComposeState> state, QWidget *paren
     connectField(m_bcc, &ComposeViewModel::bcc);
     connectField(m_subject, &ComposeViewModel::subject);
     connect(m_subject, &QLineEdit::returnPressed, this, &ComposeFields::textRequested);
+    m_subject->installEventFilter(this);
     observe(m_state.get(), this, &ComposeFields::render);
 }
 
@@ -94,6 +96,15 @@ void ComposeFields::showBcc() {
     m_state->viewModel->showBcc = true;
     m_bccRow.setVisible(true);
     m_bcc->setFocus();
+}
+
+// The toolbar and the attachments stand before the text, and are reached from there.
+bool ComposeFields::eventFilter(QObject *watched, QEvent *event) {
+    const bool isTab = event->type() == QEvent::KeyPress && static_cast<QKeyEvent *>(event)->key() == Qt::Key_Tab;
+    if (watched != m_subject || !isTab)
+        return QWidget::eventFilter(watched, event);
+    Q_EMIT textRequested();
+    return true;
 }
 
 void ComposeFields::chooseSender(int index) {

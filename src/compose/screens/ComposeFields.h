@@ -24,8 +24,11 @@ public:
     void showBcc();
 
 Q_SIGNALS:
-    /// Return in the subject: the text comes next.
+    /// Return or Tab in the subject: the text comes next.
     void textRequested();
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     struct Row {
