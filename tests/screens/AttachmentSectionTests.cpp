@@ -119,7 +119,12 @@ TEST_F(Section, OpensByClickAndKey) {
     expectFile().answer(200, "second");
     row().setFocus();
     QTest::keyClick(&row(), Qt::Key_Return);
+    for (const auto key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space}) {
+        QKeyEvent repeat(QEvent::KeyPress, key, {}, {}, true);
+        QCoreApplication::sendEvent(&row(), &repeat);
+    }
     EXPECT_TRUE(preview());
+    settle();
 }
 
 TEST_F(Section, DoesNotOpenWhatWasDraggedAway) {

@@ -96,9 +96,11 @@ void AttachmentDragView::mouseReleaseEvent(QMouseEvent *event) {
 }
 
 void AttachmentDragView::keyPressEvent(QKeyEvent *event) {
-    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter || event->key() == Qt::Key_Space)
-        return m_configuration->open();
-    QAbstractButton::keyPressEvent(event);
+    if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter && event->key() != Qt::Key_Space)
+        return QAbstractButton::keyPressEvent(event);
+    // A key that is held opens once.
+    if (!event->isAutoRepeat())
+        m_configuration->open();
 }
 
 void AttachmentDragView::contextMenuEvent(QContextMenuEvent *event) {
