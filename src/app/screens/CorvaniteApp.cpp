@@ -91,6 +91,7 @@ void CorvaniteApp::openEmailWindow(const EmailWindowRef &reference) {
     window->setAttribute(Qt::WA_DeleteOnClose);
     m_emailWindows.emplace_back(reference, window);
     auto state = EmailDetailState::make(m_appState);
+    state->show(reference);
     auto *background = new MailThemeBackground(true);
     auto *detail = new EmailDetailView(m_appState, state, window->focusedActions());
     auto *layout = new QVBoxLayout(background);
@@ -105,7 +106,6 @@ void CorvaniteApp::openEmailWindow(const EmailWindowRef &reference) {
         if (!m_appState->isAuthenticated)
             window->close();
     });
-    state->show(reference);
     window->show();
     detail->focusBody();
 }
