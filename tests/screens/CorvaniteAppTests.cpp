@@ -2,10 +2,13 @@
 
 #include "app/AppStateFixture.h"
 #include "mail/screens/EmailDetailView.h"
+#include "platform/StandardPaths.h"
 #include "screens/ScreenTest.h"
 #include "screens/Widgets.h"
 
 #include <QApplication>
+#include <QFile>
+#include <QThreadPool>
 
 using namespace Qt::StringLiterals;
 
@@ -41,4 +44,17 @@ TEST_F(Program, OpensAMessageWithoutAskingForASelection) {
     ASSERT_TRUE(window);
     EXPECT_TRUE(window->findChild<EmailDetailView *>()->isVisible());
     EXPECT_FALSE(showsText(*window, u"No email selected"_s));
+}
+
+TEST_F(Program, TakesWhatIsSharedWithoutComingToTheFront) {
+    server.expect("GET", "/api/auth/me").answer(401).anyNumberOfTimes();
+    server.expect("GET", "/api/auth/registration-status").answer(500).anyNumberOfTimes();
+    QFile list(*groupContainerFolder(applicationGroupName()) + u"/shared_items.json"_s);
+    ASSERT_TRUE(list.open(QFile::WriteOnly) && list.write(R"([{"type": "text", "value": "a"}])") > 0);
+    list.close();
+    app->launch();
+    QThreadPool::globalInstance()->waitForDone();
+    EXPECT_FALSE(list.exists()) << "nobody has taken it";
+    settle();
+    EXPECT_EQ(state->sharedBody.get(), u"a"_s);
 }

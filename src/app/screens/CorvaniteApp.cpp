@@ -54,6 +54,7 @@ void CorvaniteApp::launch() {
     m_delegate.appState = m_appState;
     m_delegate.deliverPending();
     m_delegate.openMainWindow = [this] { openMainWindow(); };
+    m_delegate.loadSharedItems();
     QMetaObject::invokeMethod(this, &CorvaniteApp::followSystemAppearance, Qt::QueuedConnection);
 }
 
