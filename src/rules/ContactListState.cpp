@@ -78,7 +78,7 @@ QCoro::Task<> ContactListState::load() {
 }
 
 bool ContactListState::canAdd() const {
-    return !m_isSending && !newEmail->isEmpty();
+    return !m_isAdding && !newEmail->isEmpty();
 }
 
 void ContactListState::add() {
@@ -88,13 +88,13 @@ void ContactListState::add() {
 
 QCoro::Task<> ContactListState::sendNew() {
     const auto self = shared_from_this();
-    m_isSending = true;
+    m_isAdding = true;
     try {
         co_await ContactService::add(newEmail, newName);
     } catch (const std::exception &) {
         // The list shows whether the contact is there.
     }
-    m_isSending = false;
+    m_isAdding = false;
     showAdd = false;
     newEmail = QString();
     newName = QString();
@@ -111,23 +111,25 @@ void ContactListState::startEditing(const QString &id) {
 }
 
 bool ContactListState::canSave() const {
-    return !m_isSending && !editEmail->trimmed().isEmpty() && editEmail->contains(u'@');
+    const auto &contact = editingContact.get();
+    return contact && !m_savedIDs->contains(contact->_id) && !editEmail->trimmed().isEmpty() &&
+           editEmail->contains(u'@');
 }
 
 void ContactListState::save() {
-    if (canSave() && editingContact.get())
+    if (canSave())
         launch(sendEdited(editingContact.get()->_id));
 }
 
 QCoro::Task<> ContactListState::sendEdited(QString id) {
     const auto self = shared_from_this();
-    m_isSending = true;
+    m_savedIDs.modify([&](auto &ids) { ids.insert(id); });
     try {
         co_await ContactService::update(id, editEmail, editName);
     } catch (const std::exception &) {
         // The list shows what the server has.
     }
-    m_isSending = false;
+    m_savedIDs.modify([&](auto &ids) { ids.remove(id); });
     // Another one's sheet may be up by now.
     if (editingContact.get() && editingContact.get()->_id == id)
         editingContact = std::nullopt;

@@ -58,8 +58,9 @@ private:
     int m_loadID = 0;
     /// The first load has ended.
     Published<bool> m_hasLoaded{this, false};
-    /// A contact is on its way to the server: pressing the button again must not send it twice.
-    Published<bool> m_isSending{this, false};
+    /// What is on its way to the server: pressing the button again must not send it twice.
+    Published<bool> m_isAdding{this, false};
+    Published<QSet<QString>> m_savedIDs{this};
     /// A list that was read meanwhile must not bring these back.
     QSet<QString> m_removedIDs;
 };
