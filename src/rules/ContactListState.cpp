@@ -41,7 +41,7 @@ void ContactListState::renewRows() {
 }
 
 std::optional<ViewTexts> ContactListState::placeholder() const {
-    if (!m_hasLoaded || rows.rowCount() > 0)
+    if (!m_hasLoaded || m_failure.get() || rows.rowCount() > 0)
         return std::nullopt;
     if (contacts->empty())
         return ViewTexts{u"person.crop.rectangle"_s, u"No contacts"_s, u"People you write to will appear here"_s};
@@ -64,16 +64,18 @@ QCoro::Task<> ContactListState::load() {
     const auto self = shared_from_this();
     const auto ticket = ++m_loadID;
     std::vector<Contact> loaded;
+    std::optional<QString> failure;
     try {
         const auto answer = co_await ContactService::list();
         loaded = answer;
     } catch (const std::exception &) {
-        // The list is then empty.
+        failure = errorText(std::current_exception());
     }
     if (ticket != m_loadID)
         co_return;
     std::erase_if(loaded, [this](const Contact &contact) { return m_removedIDs.contains(contact._id); });
     contacts = std::move(loaded);
+    m_failure = std::move(failure);
     m_hasLoaded = true;
 }
 

@@ -30,7 +30,7 @@ public:
     /// The contacts that `searchQuery` finds; follow its changes in the next turn of the event loop.
     ListRowModel rows;
 
-    /// What to show in place of rows when it is known that there are none.
+    /// What to show in place of rows when it is known that there are none; nothing after a load that failed.
     std::optional<ViewTexts> placeholder() const;
     RowActions actions(const QString &id);
 
@@ -58,6 +58,8 @@ private:
     int m_loadID = 0;
     /// The first load has ended.
     Published<bool> m_hasLoaded{this, false};
+    /// Why the last load failed.
+    Published<std::optional<QString>> m_failure{this};
     /// What is on its way to the server: pressing the button again must not send it twice.
     Published<bool> m_isAdding{this, false};
     Published<QSet<QString>> m_savedIDs{this};
