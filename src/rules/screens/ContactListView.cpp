@@ -54,8 +54,12 @@ void ContactListView::setUpRows() {
 }
 
 void ContactListView::setUpPlaceholder() {
-    connect(m_placeholder, &EmptyStateView::buttonPressed, this, &ContactListView::startAdding);
+    connect(m_placeholder, &EmptyStateView::buttonPressed, this, &ContactListView::pressPlaceholderButton);
     m_stack->addWidget(m_placeholder);
+}
+
+void ContactListView::pressPlaceholderButton() {
+    m_state->hasFailed() ? m_state->reload() : startAdding();
 }
 
 void ContactListView::startAdding() {
@@ -88,11 +92,17 @@ void ContactListView::render() {
     renderSheet();
 }
 
+QString ContactListView::placeholderButton() const {
+    if (m_state->hasFailed())
+        return tr("Try Again");
+    return m_state->contacts->empty() ? tr("Add Contact") : QString();
+}
+
 void ContactListView::renderContent() {
     const auto placeholder = m_state->placeholder();
     if (placeholder) {
         m_placeholder->setTexts(*placeholder);
-        m_placeholder->setButton(m_state->contacts->empty() ? tr("Add Contact") : QString());
+        m_placeholder->setButton(placeholderButton());
     }
     m_stack->setCurrentWidget(placeholder ? static_cast<QWidget *>(m_placeholder) : m_rows);
 }
