@@ -51,6 +51,19 @@ TEST_F(PlainEditorTest, TypedCharactersAreNoMarkup) {
     EXPECT_EQ(reports.last(), fetched());
 }
 
+TEST_F(PlainEditorTest, BlanksThatMarkupWouldLoseAreKept) {
+    const std::pair<QString, QString> rows[] = {
+        {u"a b\nc d"_s, u"a b<br>c d"_s},
+        {u" a\n  b\n\n   c"_s, u"&nbsp;a<br>&nbsp; b<br><br>&nbsp;&nbsp; c"_s},
+        {u"a  b   c &  d"_s, u"a&nbsp; b&nbsp;&nbsp; c &amp;&nbsp; d"_s},
+        {u"\tx"_s, u"&nbsp;&nbsp;&nbsp; x"_s},
+    };
+    for (const auto &[typed, html] : rows) {
+        text()->setPlainText(typed);
+        EXPECT_EQ(fetched(), html);
+    }
+}
+
 TEST_F(PlainEditorTest, AReplyIsItsWordsUnderAnEmptyLine) {
     editor->setInitialContent(
         u"<br><br><div style=\"color:#666;\"><p>On Monday, <b>Ada</b> wrote:</p>a &lt; b</div>"_s);

@@ -5,9 +5,20 @@
 #include "ui/screens/ThemeLabel.h"
 
 #include <QPlainTextEdit>
+#include <QRegularExpression>
 #include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+/// HTML drops blanks at the start of a line and all but one of those in a row; lines can still break at the last.
+QString withKeptBlanks(QString lines) {
+    static const QRegularExpression dropped(u"^ | (?= )"_s, QRegularExpression::MultilineOption);
+    return lines.replace(dropped, u"&nbsp;"_s);
+}
+
+} // namespace
 
 PlainEditor::PlainEditor(const QString &reason, QWidget *parent)
     : QWidget(parent)
@@ -31,5 +42,6 @@ void PlainEditor::setContent(const QString &html) {
 }
 
 QString PlainEditor::html() const {
-    return m_text->toPlainText().toHtmlEscaped().replace(u'\n', u"<br>"_s);
+    const auto text = m_text->toPlainText().replace(u'\t', u"    "_s);
+    return withKeptBlanks(text.toHtmlEscaped()).replace(u'\n', u"<br>"_s);
 }
