@@ -1,3 +1,4 @@
+#include "ai/MailDraft.h"
 #include "ai/SpamScore.h"
 #include "api/APIRoutes.h"
 
@@ -31,6 +32,13 @@ APIResponse checkSpam(const APIRequest &request) {
     return APIResponse::json({{"scores", std::move(scores)}});
 }
 
+APIResponse writeMail(const APIRequest &request) {
+    if (!hasAI(request.account()))
+        return failure("No AI provider is configured for this account.");
+    const auto draft = draftMail(textOf(request.body, "prompt"), textOf(request.body, "existing_content"));
+    return draft.empty() ? failure("The prompt is empty.") : APIResponse::json({{"content", draft}});
+}
+
 APIResponse refuse(const APIRequest &) {
     return failure("This development server has no language model.");
 }
@@ -40,5 +48,5 @@ APIResponse refuse(const APIRequest &) {
 void addAIRoutes(Router &router, ServerContext &) {
     router.add("POST", "api/ai/spam-check", [](const APIRequest &request) { return checkSpam(request); });
     router.add("POST", "api/ai/chat", refuse);
-    router.add("POST", "api/ai/compose", refuse);
+    router.add("POST", "api/ai/compose", [](const APIRequest &request) { return writeMail(request); });
 }

@@ -66,9 +66,25 @@ TEST_F(AITest, TellsJunkFromOrdinaryMailOfTheDemoMailbox) {
 }
 
 TEST_F(AITest, SaysThatItHasNoLanguageModel) {
-    for (const char *path : {"api/ai/chat", "api/ai/compose"})
-        EXPECT_EQ(post(path, {{"message", "Hello"}, {"prompt", "Hello"}})->body,
-                  R"({"error":"This development server has no language model."})");
+    EXPECT_EQ(post("api/ai/chat", {{"message", "Hello"}})->body,
+              R"({"error":"This development server has no language model."})");
+}
+
+TEST_F(AITest, WritesADraftFromStockPhrases) {
+    const struct {
+        const char *prompt, *existing, *answer;
+    } rows[]{
+        {"Decline the invitation, say SORRY and apologise", "",
+         R"({"content":"Hello,\n\nPlease accept my apologies.\nUnfortunately I have to decline this time.\n)"
+         R"(It would be a pleasure to see you there.\n\nKind regards"})"},
+        {"the tide is high", "<p>Is it?</p>",
+         R"({"content":"Hello,\n\nThank you for your message.\nThe tide is high.\n\nKind regards"})"},
+        {"wirklich?", "<br><style>p {}</style>", R"({"content":"Hello,\n\nWirklich?\n\nKind regards"})"},
+        {" \n", "", R"({"error":"The prompt is empty."})"},
+    };
+    for (const auto &row : rows)
+        EXPECT_EQ(post("api/ai/compose", {{"prompt", row.prompt}, {"existing_content", row.existing}})->body,
+                  row.answer);
 }
 
 TEST_F(AITest, KnowsWhichAccountsHaveAI) {

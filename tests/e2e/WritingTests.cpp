@@ -7,6 +7,7 @@
 #include <QFile>
 #include <QGuiApplication>
 #include <QListView>
+#include <QPlainTextEdit>
 #include <QProcess>
 #include <QPushButton>
 #include <gmock/gmock.h>
@@ -85,6 +86,20 @@ TEST_F(Writing, ReachesTheOtherWhoAnswersAndForwards) {
     EXPECT_EQ(other.exitCode(), 0);
     ASSERT_TRUE(app.selectFolder(u"Sent"_s));
     EXPECT_TRUE(app.openMessage(Correspondence::subject)) << "no copy in Sent";
+}
+
+TEST_F(Writing, HasTheTextWrittenByTheServer) {
+    openNewMessage();
+    writer.pressButton(u"AI"_s);
+    QPlainTextEdit *prompt = nullptr;
+    ASSERT_TRUE(AppDriver::waitUntil([&] {
+        prompt = app.find<QPlainTextEdit>(u"Describe what you want to write"_s, writer.view());
+        return prompt && prompt->isVisible();
+    }));
+    prompt->setPlainText(u"Decline"_s);
+    writer.pressButton(u"Generate"_s);
+    EXPECT_TRUE(writer.waitForHTML(u"<br>Unfortunately I have to decline this time.<br>"_s));
+    EXPECT_TRUE(AppDriver::waitUntil([&] { return !writer.view()->state().showAIPrompt; }));
 }
 
 TEST_F(Writing, KeepsAMessageThatFailedAfterItsScreenHadGone) {
