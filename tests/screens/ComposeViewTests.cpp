@@ -1,5 +1,6 @@
 #include "compose/screens/ComposeView.h"
 
+#include "compose/screens/ComposeAttachmentList.h"
 #include "compose/screens/ContactSuggestions.h"
 #include "compose/screens/DropFrame.h"
 #include "screens/SectionScreenFixture.h"
@@ -14,6 +15,7 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTemporaryDir>
+#include <QVBoxLayout>
 
 using namespace Qt::StringLiterals;
 
@@ -21,10 +23,13 @@ namespace {
 
 class ComposeScreen : public SectionScreen {
 protected:
-    void open(const QByteArray &addresses = "[]") {
+    void expectStart(const QByteArray &addresses = "[]") {
         server.expect("GET", "/api/contacts").json(R"({"contacts": [{"_id": "1", "email": "ada@x.org", "name": "Ada"},
                                    {"_id": "2", "email": "adam@x.org"}]})");
         server.expect("GET", "/api/from-addresses").json("{\"addresses\": " + addresses + "}");
+    }
+    void open(const QByteArray &addresses = "[]") {
+        expectStart(addresses);
         auto state = ComposeState::make(appState);
         auto screen = std::make_unique<ComposeView>(state, actions);
         view = screen.get();
@@ -39,6 +44,9 @@ protected:
     static void answer(FakeExchange &held, const QByteArray &json) {
         held.sendHead(200, "application/json", "Content-Length: " + QByteArray::number(json.size()) + "\r\n");
         held.send(json);
+    }
+    static User userWithModel() {
+        return decodeJSON<User>(QJsonObject{{u"username"_s, u"a"_s}, {u"ai_provider"_s, u"ollama"_s}});
     }
     ContactSuggestions *suggestions() const { return section->findChild<ContactSuggestions *>(); }
     void focus(QWidget *widget) {
@@ -214,6 +222,18 @@ TEST_F(ComposeScreen, AttachmentsAreRemovedByKeysAlone) {
     EXPECT_EQ(QApplication::focusWidget(), named<IconButton>(u"Remove two"_s));
 }
 
+TEST_F(ComposeScreen, AttachmentsOfAMessageThatIsOpenedAgainAreNoWindow) {
+    appState->composeUnsent = std::make_shared<ComposeViewModel>();
+    appState->composeUnsent.get()->addAttachment(u"one"_s, "1", u"text/plain"_s);
+    section = std::make_unique<QWidget>();
+    auto *column = new QVBoxLayout(section.get());
+    auto *list = new ComposeAttachmentList(ComposeState::make(appState));
+    EXPECT_FALSE(list->isVisible());
+    column->addWidget(list);
+    showActive(*section);
+    EXPECT_TRUE(named<IconButton>(u"Remove one"_s));
+}
+
 TEST_F(ComposeScreen, ASecondPressForTemplatesWaitsForTheFirst) {
     open();
     auto &first = server.expect("GET", "/api/templates").held();
@@ -253,7 +273,7 @@ TEST_F(ComposeScreen, TemplatesAreTakenByKeysAlone) {
 }
 
 TEST_F(ComposeScreen, FailedWritingIsSaidInItsSheet) {
-    appState->currentUser = decodeJSON<User>(QJsonObject{{u"username"_s, u"a"_s}, {u"ai_provider"_s, u"ollama"_s}});
+    appState->currentUser = userWithModel();
     open();
     QTest::mouseClick(named<QPushButton>(u"AI"_s), Qt::LeftButton);
     ASSERT_TRUE(spinUntil([&] { return sheet() != nullptr; }));

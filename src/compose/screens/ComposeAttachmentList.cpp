@@ -58,7 +58,9 @@ void ComposeAttachmentList::makeRows() {
         addRow(file.contentType.startsWith("image/"_L1) ? u"photo"_s : u"paperclip"_s, file.filename, file.data.size(),
                [message, id = file.id] { message->removeAttachment(id); });
     const auto count = column->count();
-    setVisible(count > 0);
+    // As long as it has no parent, showing it would open a window; a parent shows it by itself.
+    if (count == 0 || parentWidget())
+        setVisible(count > 0);
     if (count > 0) {
         const auto row = column->itemAt(0)->sizeHint().height();
         setMinimumHeight(row);
