@@ -1,5 +1,7 @@
 #include "compose/screens/ComposeView.h"
 
+#include "app/screens/AppWindow.h"
+#include "app/screens/ComposePresenter.h"
 #include "compose/screens/ComposeAttachmentList.h"
 #include "compose/screens/ContactSuggestions.h"
 #include "compose/screens/DropFrame.h"
@@ -232,6 +234,22 @@ TEST_F(ComposeScreen, AttachmentsOfAMessageThatIsOpenedAgainAreNoWindow) {
     column->addWidget(list);
     showActive(*section);
     EXPECT_TRUE(named<IconButton>(u"Remove one"_s));
+}
+
+TEST_F(ComposeScreen, OffersWritingAsSoonAsTheAccountHasAModel) {
+    expectStart();
+    auto window = std::make_unique<AppWindow>(u"Corvanite"_s, appState, [] {});
+    const auto *presenter = new ComposePresenter(appState, window.get(), [] {});
+    section = std::move(window);
+    section->show();
+    appState->isAuthenticated = true;
+    appState->presentCompose();
+    ASSERT_TRUE(spinUntil([&] { return presenter->composeView(); }));
+    settle();
+    EXPECT_FALSE(named<QPushButton>(u"AI"_s));
+    appState->currentUser = userWithModel();
+    settle();
+    EXPECT_TRUE(named<QPushButton>(u"AI"_s));
 }
 
 TEST_F(ComposeScreen, ASecondPressForTemplatesWaitsForTheFirst) {
