@@ -20,12 +20,6 @@ void TemplateListState::renewRows() {
     rows.setRows(std::move(shown));
 }
 
-std::optional<ViewTexts> TemplateListState::failure() const {
-    if (!m_error.get())
-        return std::nullopt;
-    return ViewTexts{u"exclamationmark.triangle"_s, u"Could not load templates"_s, *m_error.get()};
-}
-
 RowActions TemplateListState::actions(const QString &id) {
     const MenuEntry deletion{.text = u"Delete"_s,
                              .icon = u"trash"_s,
@@ -42,17 +36,14 @@ QCoro::Task<> TemplateListState::load() {
     const auto self = shared_from_this();
     const auto ticket = ++m_loadID;
     std::vector<EmailTemplate> loaded;
-    std::optional<QString> error;
     try {
         const auto answer = co_await TemplateService::list();
         loaded = answer;
     } catch (const std::exception &) {
-        error = errorText(std::current_exception());
+        // The list is then empty.
     }
-    if (ticket != m_loadID)
-        co_return;
-    templates = std::move(loaded);
-    m_error = std::move(error);
+    if (ticket == m_loadID)
+        templates = std::move(loaded);
 }
 
 bool TemplateListState::canCreate() const {

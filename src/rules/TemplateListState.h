@@ -5,7 +5,6 @@
 #include "rules/EmailTemplate.h"
 #include "ui/ListRow.h"
 #include "ui/RowActions.h"
-#include "ui/ViewTexts.h"
 
 /// What the templates screen decides: the templates it shows, and the sheet that adds one.
 class TemplateListState : public ObservableObject, public std::enable_shared_from_this<TemplateListState> {
@@ -23,8 +22,6 @@ public:
     /// The rows of `templates`; follow its changes in the next turn of the event loop.
     ListRowModel rows;
 
-    /// Why there are no rows, when the last load failed.
-    std::optional<ViewTexts> failure() const;
     RowActions actions(const QString &id);
 
     void reload();
@@ -42,8 +39,6 @@ private:
 
     /// Only the newest load may write.
     int m_loadID = 0;
-    /// What the last load failed with.
-    Published<std::optional<QString>> m_error{this};
     /// A template is on its way to the server: pressing the button again must not send it twice.
     Published<bool> m_isSending{this, false};
 };

@@ -109,18 +109,6 @@ TEST_F(TemplateScreen, DeletionKeepsTheKeyboardInTheList) {
     EXPECT_EQ(current(), u"Name c"_s);
 }
 
-TEST_F(TemplateScreen, FailedLoadCanBeTriedAgain) {
-    server.expect("GET", "/api/templates").answer(500);
-    templates = TemplateListState::make();
-    show(std::make_unique<TemplateListView>(templates));
-    EXPECT_TRUE(showsText(*section, u"Could not load templates"_s));
-    expectList("ab");
-    named<QPushButton>(u"Try Again"_s)->click();
-    settle();
-    EXPECT_TRUE(rows().isVisible());
-    EXPECT_EQ(rows().model()->rowCount(), 2);
-}
-
 TEST_F(TemplateScreen, FullSwipeDeletes) {
     open("abc");
     server.expect("POST", "/api/templates/delete/a").answer(200);

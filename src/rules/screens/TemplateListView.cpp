@@ -2,27 +2,21 @@
 
 #include "rules/screens/TemplateSheet.h"
 #include "ui/screens/Buttons.h"
-#include "ui/screens/EmptyStateView.h"
 #include "ui/screens/ListRowDelegate.h"
 #include "ui/screens/RowsView.h"
 
 #include <QShowEvent>
-#include <QStackedWidget>
 #include <QVBoxLayout>
 
 TemplateListView::TemplateListView(std::shared_ptr<TemplateListState> state, QWidget *parent)
     : SectionPage(tr("Quick Reply Templates"), parent)
     , m_state(std::move(state))
-    , m_stack(new QStackedWidget)
-    , m_rows(new RowsView(new ListRowDelegate(ListRowDelegate::Picture::none)))
-    , m_failure(new EmptyStateView) {
+    , m_rows(new RowsView(new ListRowDelegate(ListRowDelegate::Picture::none))) {
     auto *addButton = new IconButton(QStringLiteral("plus"), tr("New Template"));
     connect(addButton, &IconButton::clicked, this, [this] { m_state->showCreate = true; });
     addTool(addButton);
     setUpRows();
-    setUpFailure();
-    column()->addWidget(m_stack, 1);
-    observe(m_state.get(), this, &TemplateListView::render);
+    observe(m_state.get(), this, &TemplateListView::renderSheet);
 }
 
 void TemplateListView::setUpRows() {
@@ -33,31 +27,13 @@ void TemplateListView::setUpRows() {
         if (index.isValid())
             m_state->remove(idAt(index));
     });
-    m_stack->addWidget(m_rows);
-}
-
-void TemplateListView::setUpFailure() {
-    m_failure->setButton(tr("Try Again"));
-    connect(m_failure, &EmptyStateView::buttonPressed, m_state.get(), &TemplateListState::reload);
-    m_stack->addWidget(m_failure);
+    column()->addWidget(m_rows, 1);
 }
 
 void TemplateListView::showEvent(QShowEvent *event) {
     SectionPage::showEvent(event);
     if (!event->spontaneous())
         m_rows->setFocus();
-}
-
-void TemplateListView::render() {
-    renderContent();
-    renderSheet();
-}
-
-void TemplateListView::renderContent() {
-    const auto failure = m_state->failure();
-    if (failure)
-        m_failure->setTexts(*failure);
-    m_stack->setCurrentWidget(failure ? static_cast<QWidget *>(m_failure) : m_rows);
 }
 
 void TemplateListView::renderSheet() {

@@ -5,8 +5,6 @@
 
 #include <QPointer>
 
-class EmptyStateView;
-class QStackedWidget;
 class RowsView;
 class TemplateSheet;
 
@@ -21,15 +19,10 @@ protected:
 
 private:
     void setUpRows();
-    void setUpFailure();
-    void render();
-    void renderContent();
     void renderSheet();
     QString idAt(const QModelIndex &index) const { return m_state->rows.row(index.row()).id; }
 
     std::shared_ptr<TemplateListState> m_state;
-    QStackedWidget *m_stack;
     RowsView *m_rows;
-    EmptyStateView *m_failure;
     QPointer<TemplateSheet> m_sheet;
 };
