@@ -41,10 +41,8 @@ void ContactListState::renewRows() {
 }
 
 std::optional<ViewTexts> ContactListState::placeholder() const {
-    if (!m_hasLoaded || rows.rowCount() > 0)
+    if (!m_hasLoaded || m_failure.get() || rows.rowCount() > 0)
         return std::nullopt;
-    if (hasFailed())
-        return ViewTexts{u"exclamationmark.triangle"_s, u"Could not load contacts"_s, *m_failure.get()};
     if (contacts->empty())
         return ViewTexts{u"person.crop.rectangle"_s, u"No contacts"_s, u"People you write to will appear here"_s};
     return ViewTexts{u"magnifyingglass"_s, u"No contact found"_s, u"No name or address contains what you typed"_s};

@@ -30,10 +30,8 @@ public:
     /// The contacts that `searchQuery` finds; follow its changes in the next turn of the event loop.
     ListRowModel rows;
 
-    /// What to show in place of rows: that there are none, or why that is not known.
+    /// What to show in place of rows when it is known that there are none; nothing after a load that failed.
     std::optional<ViewTexts> placeholder() const;
-    /// The last load failed.
-    bool hasFailed() const { return m_failure.get().has_value(); }
     RowActions actions(const QString &id);
 
     void reload();

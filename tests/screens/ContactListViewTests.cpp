@@ -158,19 +158,6 @@ TEST_F(ContactScreen, DeleteKeyDeletesAndGoesOnToTheNext) {
     EXPECT_TRUE(named<QPushButton>(u"Add Contact"_s)->hasFocus());
 }
 
-TEST_F(ContactScreen, FailedLoadCanBeTriedAgain) {
-    server.expect("GET", "/api/contacts").answer(500);
-    contacts = ContactListState::make();
-    show(std::make_unique<ContactListView>(contacts));
-    EXPECT_TRUE(showsText(*section, u"Could not load contacts"_s));
-    expectList("ab");
-    named<QPushButton>(u"Try Again"_s)->click();
-    settle();
-    EXPECT_TRUE(rows().isVisible());
-    EXPECT_FALSE(sheet());
-    EXPECT_EQ(rows().model()->rowCount(), 2);
-}
-
 TEST_F(ContactScreen, FullSwipeDeletes) {
     open("abc");
     server.expect("DELETE", "/api/contacts/b").answer(200);

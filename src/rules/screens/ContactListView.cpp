@@ -54,12 +54,8 @@ void ContactListView::setUpRows() {
 }
 
 void ContactListView::setUpPlaceholder() {
-    connect(m_placeholder, &EmptyStateView::buttonPressed, this, &ContactListView::pressPlaceholderButton);
+    connect(m_placeholder, &EmptyStateView::buttonPressed, this, &ContactListView::startAdding);
     m_stack->addWidget(m_placeholder);
-}
-
-void ContactListView::pressPlaceholderButton() {
-    m_state->hasFailed() ? m_state->reload() : startAdding();
 }
 
 void ContactListView::startAdding() {
@@ -92,17 +88,11 @@ void ContactListView::render() {
     renderSheet();
 }
 
-QString ContactListView::placeholderButton() const {
-    if (m_state->hasFailed())
-        return tr("Try Again");
-    return m_state->contacts->empty() ? tr("Add Contact") : QString();
-}
-
 void ContactListView::renderContent() {
     const auto placeholder = m_state->placeholder();
     if (placeholder) {
         m_placeholder->setTexts(*placeholder);
-        m_placeholder->setButton(placeholderButton());
+        m_placeholder->setButton(m_state->contacts->empty() ? tr("Add Contact") : QString());
     }
     m_stack->setCurrentWidget(placeholder ? static_cast<QWidget *>(m_placeholder) : m_rows);
 }

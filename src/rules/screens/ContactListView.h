@@ -26,12 +26,9 @@ private:
     void setUpSearch();
     void setUpPlaceholder();
     void startAdding();
-    void pressPlaceholderButton();
     void edit(const QModelIndex &index);
     void render();
     void renderContent();
-    /// What can be done about the list that is empty; empty for nothing.
-    QString placeholderButton() const;
     void renderSheet();
     void openSheet(ContactSheet::Purpose purpose);
     QString idAt(const QModelIndex &index) const { return m_state->rows.row(index.row()).id; }
