@@ -24,6 +24,8 @@ constexpr qsizetype shortestQuery = 2;
 std::shared_ptr<ComposeState> ComposeState::make(std::shared_ptr<AppState> appState) {
     const std::shared_ptr<ComposeState> state(new ComposeState(std::move(appState)));
     connect(state->viewModel.get(), &ObservableObject::changed, state.get(), &ObservableObject::scheduleChange);
+    // What it offers depends on the account.
+    connect(state->m_appState.get(), &ObservableObject::changed, state.get(), &ObservableObject::scheduleChange);
     return state;
 }
 

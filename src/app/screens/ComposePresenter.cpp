@@ -40,8 +40,6 @@ void ComposePresenter::present() {
     m_sheet->setWindowModality(Qt::WindowModal);
     m_sheet->installEventFilter(this);
     auto *view = new ComposeView(ComposeState::make(m_appState), m_sheet->focusedActions());
-    // What it offers depends on the account.
-    connect(m_appState.get(), &ObservableObject::changed, &view->state(), &ObservableObject::scheduleChange);
     view->setMinimumWidth(smallestWidth);
     connect(view, &ComposeView::dismissed, this, &ComposePresenter::dismiss, Qt::QueuedConnection);
     connect(view, &ComposeView::titleChanged, m_sheet, &QWidget::setWindowTitle);
