@@ -210,17 +210,19 @@ QCoro::Task<> ComposeState::send() {
         co_return;
     const bool isSent = co_await viewModel->send();
     m_isSent = isSent;
-    if (m_isClosed && m_isSent)
+    if (m_isSent)
         Q_EMIT m_appState->sendOutcomes.messageSent(m_account);
     else if (m_isClosed)
         surfaceUnsent(viewModel->errorMessage);
-    else if (m_isSent)
+    if (m_isSent && !m_isClosed)
         Q_EMIT dismissed();
 }
 
 void ComposeState::surfaceUnsent(const std::optional<QString> &error) {
-    m_appState->sendOutcomes.add(
-        {.account = m_account, .subject = title(), .error = error.value_or(QString()), .message = viewModel});
+    m_appState->sendOutcomes.add({.account = m_account,
+                                  .subject = title(),
+                                  .error = error.value_or(u"It was closed before it was sent."_s),
+                                  .message = viewModel});
 }
 
 void ComposeState::close() {

@@ -67,9 +67,11 @@ public:
 
     /// False while the message is being filled or sent, and while files are still being read.
     bool canSend() const;
-    /// The newest HTML of the editor has been told by `editorChanged`. Ends with `dismissed` on success; once the
-    /// screen is closed, the outcome goes to `AppState`.
+    /// The newest HTML of the editor has been told by `editorChanged`. Ends with `dismissed` on success; `AppState`
+    /// hears of every success, and of a failure once the screen is closed.
     QCoro::Task<> send();
+    /// Whether the message can be opened again once its screen is closed.
+    bool isKept() const { return m_request.unsent && !m_isSent; }
     /// The screen is gone.
     void close();
 

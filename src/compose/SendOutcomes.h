@@ -20,7 +20,7 @@ struct UnsentMessage {
     bool operator==(const UnsentMessage &) const = default;
 };
 
-/// What became of messages whose screen was closed while they were being sent. Unsent ones are kept as long as the
+/// What became of messages that were sent. Unsent ones whose screen was closed meanwhile are kept as long as the
 /// program runs, each for its own account. Main thread only.
 class SendOutcomes : public ObservableObject {
     Q_OBJECT

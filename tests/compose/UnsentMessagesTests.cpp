@@ -78,10 +78,11 @@ TEST_F(UnsentMessages, ASendOnScreenClosesItOrSaysWhyNot) {
     fail(beginSend());
     EXPECT_EQ(dismissals, 0);
     EXPECT_EQ(error(), u"Full"_s);
+    EXPECT_EQ(toastText(), u""_s);
     succeed(beginSend());
     EXPECT_EQ(dismissals, 1);
     EXPECT_EQ(notices(), QStringList());
-    EXPECT_EQ(toastText(), u""_s);
+    EXPECT_EQ(toastText(), u"Message sent"_s);
 }
 
 TEST_F(UnsentMessages, ASuccessAfterTheScreenHasGoneIsToldByAToast) {
@@ -159,6 +160,19 @@ TEST_F(UnsentMessages, AMessageThatGivesWayToAnotherIsKeptIfItWasBegun) {
     screen->editorChanged(u"typed"_s);
     closeScreen();
     EXPECT_EQ(notices().size(), 4) << "given up on purpose";
+}
+
+TEST_F(UnsentMessages, OneThatIsClosedAgainWithoutAnErrorSaysSo) {
+    open();
+    screen->editorChanged(u"typed"_s);
+    message().subject = u"S"_s;
+    state->presentCompose();
+    closeScreen();
+    EXPECT_EQ(notices(), QStringList(u"“S” was not sent: Another message was begun."_s));
+    mainScreen->openUnsent(firstNotice());
+    screen = ComposeState::make(state);
+    closeScreen();
+    EXPECT_EQ(notices(), QStringList(u"“S” was not sent: It was closed before it was sent."_s));
 }
 
 TEST_F(UnsentMessages, AreShownToTheirOwnAccountOnly) {
