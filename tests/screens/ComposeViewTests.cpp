@@ -142,6 +142,24 @@ TEST_F(ComposeScreen, EscapeClosesTheSuggestionsBeforeTheScreen) {
     EXPECT_EQ(dismissals, 1);
 }
 
+TEST_F(ComposeScreen, EscapeInTheToolbarGivesNothingUp) {
+    open();
+    focus(named<IconButton>(u"Font Size"_s));
+    press(Qt::Key_Escape);
+    EXPECT_EQ(dismissals, 0);
+}
+
+TEST_F(ComposeScreen, WhoeverSendsGoesOnInTheText) {
+    appState->mailtoTo = u"ada@x.org"_s;
+    appState->mailtoSubject = u"S"_s;
+    open();
+    auto &sending = server.expect("POST", "/api/emails/send").held();
+    QTest::mouseClick(named<QPushButton>(u"Send"_s), Qt::LeftButton);
+    sending.request();
+    settle();
+    EXPECT_EQ(QApplication::focusWidget(), named<QPlainTextEdit>(u"Message"_s));
+}
+
 TEST_F(ComposeScreen, CopiesAreShownForGood) {
     open();
     EXPECT_EQ(named(u"Cc"_s), nullptr);

@@ -73,12 +73,13 @@ window.addEventListener('keydown', event => {
     if (event.ctrlKey) copyRest();
 }, true);
 
-// What already stands at the beginning stays as it is, with the caret in it.
+// What begins with what was told last only adds to it: that stays as it is, with the caret and keys that came since.
 function setContent(html) {
-    const written = getContent();
-    const staysWritten = written !== '' && html.startsWith(written);
-    const parsed = parse(staysWritten ? html.slice(written.length) : html);
-    if (!staysWritten) editor.replaceChildren();
+    copyRest();
+    const isAddition = told !== null && html.startsWith(told);
+    const parsed = parse(isAddition ? html.slice(told.length) : html);
+    if (!isAddition) editor.replaceChildren();
+    told = null;
     copying = copyChildren(outside.createTreeWalker(parsed), editor);
     copyPiece(firstPiece);
     clearTimeout(copyTimer);
@@ -94,10 +95,17 @@ function getContent() {
     return editor.innerHTML;
 }
 
+let told = '';
+
+function tell(handler) {
+    told = getContent();
+    handler.postMessage(told);
+}
+
 // While the content comes, what has come is not the message.
 function report() {
     clearTimeout(reportTimer);
-    if (!copying) handlers.contentChanged.postMessage(getContent());
+    if (!copying) tell(handlers.contentChanged);
 }
 
 // Keys come another way than calls and later, so the answer waits for the call and for a key pressed last of all.
@@ -106,7 +114,7 @@ let answers = 0, calls = 0, markerKeys = 0;
 
 function answerFetches() {
     for (; answers < Math.min(calls, markerKeys); ++answers)
-        handlers.contentFetched.postMessage(getContent());
+        tell(handlers.contentFetched);
 }
 
 function fetchContent(number) {

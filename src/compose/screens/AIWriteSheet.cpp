@@ -41,6 +41,8 @@ AIWriteSheet::AIWriteSheet(std::shared_ptr<ComposeState> state, QWidget *parent)
             [this] { m_state->aiPrompt = m_prompt->toPlainText(); });
     connect(m_generate, &QPushButton::clicked, m_state.get(), [this] {
         m_hasGenerated = true;
+        // The pressed button, which is disabled now, hands the keyboard to the next one, which closes the sheet.
+        m_prompt->setFocus();
         m_state->generate();
     });
     observe(m_state.get(), this, &AIWriteSheet::render);

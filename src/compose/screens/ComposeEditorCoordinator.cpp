@@ -4,6 +4,8 @@
 #include "compose/EditorScript.h"
 #include "compose/screens/EditorWebViewRef.h"
 
+#include <QPointer>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -47,7 +49,10 @@ void ComposeEditorCoordinator::applyInitialContent() {
 void ComposeEditorCoordinator::putContent(const QString &html) {
     // Until the page reports it, it would be lost with the page.
     m_lastContent = html;
-    m_webView->evaluateJavaScript(EditorScript::setContent(html));
+    m_webView->evaluateJavaScript(EditorScript::setContent(html), [self = QPointer(this)](const QVariant &) {
+        if (self)
+            Q_EMIT self->ready();
+    });
 }
 
 void ComposeEditorCoordinator::webViewDidFinish() {
@@ -55,6 +60,8 @@ void ComposeEditorCoordinator::webViewDidFinish() {
     if (m_lostContent)
         putContent(*m_lostContent);
     applyInitialContent();
+    if (!m_lastContent)
+        Q_EMIT ready();
 }
 
 void ComposeEditorCoordinator::webViewDidReceiveMessage(const QString &name, const QVariant &body) {

@@ -27,6 +27,8 @@ Q_SIGNALS:
     void htmlContentChanged(const QString &html);
     /// A link was pressed with Ctrl held.
     void linkOpened(const QUrl &link);
+    /// The page is there, with what it is to show first.
+    void ready();
 
 private:
     void webViewDidFinish() override;

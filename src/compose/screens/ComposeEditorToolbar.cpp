@@ -141,8 +141,12 @@ void ComposeEditorToolbar::insertImageAddress() {
 }
 
 bool ComposeEditorToolbar::eventFilter(QObject *watched, QEvent *event) {
+    const bool isEscape =
+        event->type() == QEvent::ShortcutOverride && static_cast<QKeyEvent *>(event)->key() == Qt::Key_Escape;
+    if (isEscape)
+        event->accept();
     if (event->type() != QEvent::KeyPress)
-        return QWidget::eventFilter(watched, event);
+        return isEscape || QWidget::eventFilter(watched, event);
     const int forward = isRightToLeft() ? -1 : 1;
     switch (static_cast<QKeyEvent *>(event)->key()) {
     case Qt::Key_Right:
@@ -156,6 +160,14 @@ bool ComposeEditorToolbar::eventFilter(QObject *watched, QEvent *event) {
         return true;
     case Qt::Key_End:
         focusButton(m_buttons.last());
+        return true;
+    case Qt::Key_Down:
+        m_current->showMenu();
+        return true;
+    case Qt::Key_Up:
+        return true;
+    case Qt::Key_Escape:
+        m_ref->focusEditor();
         return true;
     default:
         return QWidget::eventFilter(watched, event);

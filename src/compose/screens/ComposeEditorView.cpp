@@ -50,8 +50,8 @@ void ComposeEditorView::build(std::unique_ptr<WebView> webView) {
     m_receiver->onAttachFiles = [this](const QList<QUrl> &files) { Q_EMIT attachFiles(files); };
     connect(m_receiver, &AttachmentReceivingWebView::filesHeld, this, &ComposeEditorView::filesHeld);
     m_receiver->webView()->setBackgroundColor(Qt::white);
-    watchKeys();
     m_coordinator = new ComposeEditorCoordinator(m_receiver->webView(), m_ref, m_receiver);
+    watchKeys();
     connect(m_coordinator, &ComposeEditorCoordinator::htmlContentChanged, this, &ComposeEditorView::htmlContentChanged);
     connect(m_coordinator, &ComposeEditorCoordinator::linkOpened, this, &openLink);
     QMetaObject::invokeMethod(
@@ -68,7 +68,11 @@ void ComposeEditorView::buildPlain() {
 
 void ComposeEditorView::watchKeys() {
     auto *input = new EditorInput(this);
-    input->watch(m_receiver->webView()->widget());
+    auto *page = m_receiver->webView()->widget();
+    input->watch(page);
+    input->hold();
+    connect(m_coordinator, &ComposeEditorCoordinator::ready, input,
+            [input, page] { input->release(page->focusProxy()); });
     connect(input, &EditorInput::linkRequested, m_ref.get(), &EditorWebViewRef::linkRequested);
     connect(input, &EditorInput::toolbarRequested, m_ref.get(), &EditorWebViewRef::toolbarRequested);
     connect(input, &EditorInput::plainPasteRequested, this, [this] { perform(EditAction::pasteAndMatchStyle); });

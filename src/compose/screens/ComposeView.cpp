@@ -46,12 +46,13 @@ ComposeView::ComposeView(std::shared_ptr<ComposeState> state, FocusedActions &ac
     new LayoutTabOrder(this);
     auto *bottomBar = new ComposeBottomBar(m_state);
     layOut(new ComposeEditorToolbar(m_editorRef), new ComposeAttachmentList(m_state), bottomBar);
+    connect(bottomBar, &ComposeBottomBar::sendRequested, m_editor, &ComposeEditorView::focusEditor);
     connect(bottomBar, &ComposeBottomBar::sendRequested, this, &ComposeView::send);
     connect(bottomBar, &ComposeBottomBar::ccRequested, m_fields, &ComposeFields::showCc);
     connect(bottomBar, &ComposeBottomBar::bccRequested, m_fields, &ComposeFields::showBcc);
-    connect(bottomBar, &ComposeBottomBar::discardRequested, this, &ComposeView::dismissed);
+    connect(bottomBar, &ComposeBottomBar::discardRequested, this, &ComposeView::giveUp);
     connect(m_state.get(), &ComposeState::dismissed, this, &ComposeView::dismissed);
-    connect(m_state.get(), &ComposeState::filled, this, &ComposeView::beginToWrite);
+    connect(m_state.get(), &ComposeState::filled, this, &ComposeView::beginToWrite, Qt::QueuedConnection);
     connectEditor();
     addShortcuts();
     m_state->readEditorWith([this](auto done) { m_editor->fetchContent(std::move(done)); });
@@ -74,7 +75,7 @@ QWidget *ComposeView::makeHeader() {
     row->setContentsMargins(0, 0, 0, 0);
     row->addWidget(m_title, 1);
     auto *close = new IconButton(u"xmark.circle.fill"_s, tr("Close (Esc)"));
-    connect(close, &IconButton::clicked, this, &ComposeView::dismissed);
+    connect(close, &IconButton::clicked, this, &ComposeView::giveUp);
     row->addWidget(close);
     return header;
 }
@@ -98,7 +99,7 @@ void ComposeView::connectEditor() {
 }
 
 void ComposeView::addShortcuts() {
-    connect(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, this, &ComposeView::dismissed);
+    connect(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, this, &ComposeView::giveUp);
     connect(new QShortcut(Qt::CTRL | Qt::Key_Return, this), &QShortcut::activated, this, &ComposeView::send);
 }
 
@@ -110,6 +111,16 @@ void ComposeView::beginToWrite() {
 }
 
 // What was typed last may not have been reported yet.
+void ComposeView::giveUp() {
+    if (!m_state->isKept())
+        return dismissed();
+    m_editor->fetchContent([this](const std::optional<QString> &html) {
+        if (html)
+            m_state->editorChanged(*html);
+        Q_EMIT dismissed();
+    });
+}
+
 void ComposeView::send() {
     if (!m_state->canSend() || std::exchange(m_awaitsText, true))
         return;

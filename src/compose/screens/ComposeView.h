@@ -42,6 +42,7 @@ private:
     void connectEditor();
     void addShortcuts();
     void beginToWrite();
+    void giveUp();
     void send();
     void render();
     void publishActions();

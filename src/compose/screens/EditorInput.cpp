@@ -1,9 +1,11 @@
 #include "compose/screens/EditorInput.h"
 
 #include <QChildEvent>
+#include <QCoreApplication>
 #include <QKeyEvent>
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -26,7 +28,21 @@ bool editsText(const QKeyEvent &event) {
            std::ranges::find(keys, QKeySequence(event.keyCombination())) != std::end(keys);
 }
 
+bool isTyped(const QEvent &event) {
+    static constexpr int leavingKeys[] = {Qt::Key_Tab, Qt::Key_Backtab, Qt::Key_Escape};
+    if (event.type() == QEvent::InputMethod)
+        return true;
+    const bool isKey = event.type() == QEvent::KeyPress || event.type() == QEvent::KeyRelease;
+    return isKey && !std::ranges::count(leavingKeys, static_cast<const QKeyEvent &>(event).key());
+}
+
 } // namespace
+
+void EditorInput::release(QObject *receiver) {
+    m_isHolding = false;
+    for (const auto &event : std::exchange(m_held, {}))
+        QCoreApplication::sendEvent(receiver, event.get());
+}
 
 void EditorInput::watch(QObject *widget) {
     widget->installEventFilter(this);
@@ -36,6 +52,10 @@ void EditorInput::watch(QObject *widget) {
 }
 
 bool EditorInput::eventFilter(QObject *watched, QEvent *event) {
+    if (m_isHolding && isTyped(*event)) {
+        m_held.emplace_back(event->clone());
+        return true;
+    }
     switch (event->type()) {
     case QEvent::ChildAdded:
         watch(static_cast<QChildEvent *>(event)->child());
