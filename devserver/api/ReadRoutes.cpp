@@ -35,7 +35,7 @@ nlohmann::json detailRecord(const MessageSummary &summary, const std::string &by
     const auto headers = readHeaders(message, summary.timestamp);
     const auto content = readContent(message);
     const MaildirName name(summary.file.fileName);
-    return {
+    nlohmann::json record{
         {"uid", summary.uid},
         {"subject", headers.subject},
         {"from", addressRecords(headers.fromList)},
@@ -46,14 +46,18 @@ nlohmann::json detailRecord(const MessageSummary &summary, const std::string &by
         {"seen", name.has('S')},
         {"flagged", name.has('F')},
         {"answered", name.has('R')},
-        {"body_html", content.html},
-        {"body_text", content.text},
         {"attachments", attachmentRecords(content.attachments)},
         {"size", bytes.size()},
         {"message_id", headers.messageID},
         {"in_reply_to", headers.inReplyTo},
         {"folder", folder},
     };
+    // Readers take the first form that has its key, even an empty one.
+    if (!content.html.empty())
+        record["body_html"] = content.html;
+    if (!content.text.empty())
+        record["body_text"] = content.text;
+    return record;
 }
 
 APIResponse read(Mailbox &mailbox, const APIRequest &request) {
