@@ -9,6 +9,9 @@ namespace {
 
 constexpr QSize usualSize(820, 680);
 constexpr int smallestWidth = 520;
+/// A dialog, so that the desktop keeps it above the main window; one that is minimised could not be brought back.
+constexpr Qt::WindowFlags sheetFlags = Qt::Dialog | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
+                                       Qt::WindowMaximizeButtonHint | Qt::WindowCloseButtonHint;
 
 } // namespace
 
@@ -36,7 +39,7 @@ void ComposePresenter::render() {
 void ComposePresenter::present() {
     m_shownID = m_appState->composePresentationID;
     m_sheet = new AppWindow({}, m_appState, m_openMainWindow);
-    m_sheet->setParent(m_window, Qt::Window);
+    m_sheet->setParent(m_window, sheetFlags);
     m_sheet->setWindowModality(Qt::WindowModal);
     m_sheet->installEventFilter(this);
     auto *view = new ComposeView(ComposeState::make(m_appState), m_sheet->focusedActions());
