@@ -3,15 +3,24 @@
 #include "ui/screens/AccessibleRole.h"
 #include "ui/screens/Buttons.h"
 #include "ui/screens/ErrorBanner.h"
+#include "ui/screens/ThemeLabel.h"
 
 #include <QHBoxLayout>
+#include <ranges>
+
+namespace {
+
+/// More would leave too little room for the mail.
+constexpr std::size_t mostRows = 3;
+
+} // namespace
 
 UnsentMessagesView::UnsentMessagesView(std::shared_ptr<MainScreenState> state, QWidget *parent)
     : QWidget(parent)
     , m_state(std::move(state)) {
     setAccessibleRole(this, QAccessible::Grouping);
     auto *rows = new QVBoxLayout(this);
-    rows->setContentsMargins(12, 12, 12, 0);
+    rows->setContentsMargins(12, 12, 12, 12);
     rows->setSpacing(8);
     setAccessibleName(tr("Unsent messages"));
     observe(m_state.get(), this, &UnsentMessagesView::render);
@@ -24,8 +33,11 @@ void UnsentMessagesView::render() {
         return;
     m_shown = std::move(notices);
     qDeleteAll(findChildren<QWidget *>(Qt::FindDirectChildrenOnly));
-    for (const auto &notice : m_shown)
+    for (const auto &notice : m_shown | std::views::reverse | std::views::take(mostRows))
         addRow(notice);
+    if (m_shown.size() > mostRows)
+        layout()->addWidget(
+            new ThemeLabel(tr("and %1 more").arg(m_shown.size() - mostRows), TextStyle::body, TextRole::secondary));
 }
 
 void UnsentMessagesView::addRow(const UnsentNotice &notice) {

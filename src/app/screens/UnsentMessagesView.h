@@ -4,8 +4,8 @@
 
 #include <QWidget>
 
-/// Messages that could not be sent and whose screens had gone by then: each can be opened again. Takes no room while
-/// there are none.
+/// Messages that could not be sent and whose screens had gone by then: each can be opened again. Shows the newest
+/// ones; takes no room while there are none.
 class UnsentMessagesView final : public QWidget {
     Q_OBJECT
 public:
