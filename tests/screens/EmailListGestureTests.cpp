@@ -109,6 +109,20 @@ TEST_F(ListGestures, ScrollingAndPressingElsewhereCloseTheTrack) {
     EXPECT_TRUE(rows().hasFocus());
 }
 
+TEST_F(ListGestures, EscapeClosesTheTrackWhereverTheKeyboardIs) {
+    open({1, 2, 3});
+    QWidget *const places[] = {&rows(), search()};
+    for (auto *place : places) {
+        place->setFocus();
+        push(1, 100);
+        clock.advance(200ms);
+        ASSERT_TRUE(track().isVisible());
+        QTest::keyClick(place, Qt::Key_Escape);
+        EXPECT_FALSE(track().isVisible());
+        EXPECT_TRUE(place->hasFocus());
+    }
+}
+
 TEST_F(ListGestures, ArrowKeysReachTheActionsOfARow) {
     open({1, 2, 3});
     press(Qt::Key_Down);

@@ -5,6 +5,7 @@
 #include "ui/screens/SwipeTrack.h"
 
 #include <QScrollBar>
+#include <QShortcut>
 #include <QWheelEvent>
 #include <cmath>
 #include <utility>
@@ -29,7 +30,10 @@ bool isSideways(const QWheelEvent &event) {
 RowSwipes::RowSwipes(RowsView *rows)
     : QObject(rows)
     , m_rows(rows)
-    , m_track(new SwipeTrack(rows->viewport())) {
+    , m_track(new SwipeTrack(rows->viewport()))
+    , m_escape(new QShortcut(Qt::Key_Escape, rows)) {
+    m_escape->setEnabled(false);
+    connect(m_escape, &QShortcut::activated, this, &RowSwipes::close);
     m_slide.setDuration(slideLength);
     m_slide.setEasingCurve(QEasingCurve::OutCubic);
     connect(&m_slide, &QVariantAnimation::valueChanged, this, [this](const QVariant &at) { show(at.toDouble()); });
@@ -177,6 +181,7 @@ void RowSwipes::show(double offset) {
     delegate->slidRow = m_row;
     delegate->slide = qRound(offset);
     m_track->layOpen(m_rows->visualRect(m_row), m_swipe, offset);
+    m_escape->setEnabled(m_track->isVisibleTo(m_rows));
     m_rows->viewport()->update();
     if (offset == 0 && m_swipe.edge() == SwipeEdge::none && !m_isPushing)
         m_row = QPersistentModelIndex();

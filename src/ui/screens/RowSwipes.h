@@ -7,6 +7,7 @@
 #include <QPersistentModelIndex>
 #include <QVariantAnimation>
 
+class QShortcut;
 class QWheelEvent;
 class RowsView;
 class SwipeTrack;
@@ -40,6 +41,8 @@ private:
 
     RowsView *m_rows;
     SwipeTrack *m_track;
+    /// Closes the open track wherever in the window the keyboard is.
+    QShortcut *m_escape;
     RowSwipe m_swipe;
     QPersistentModelIndex m_row;
     RowActions m_actions;
