@@ -83,6 +83,23 @@ TEST_P(ContactEditing, OpensTheSheetWithTheContact) {
 
 INSTANTIATE_TEST_SUITE_P(, ContactEditing, testing::ValuesIn(editingWays), rowName);
 
+TEST_F(ContactScreen, ARowThatIsDraggedIsNotClicked) {
+    open("ab");
+    const auto row = rows().visualRect(rows().model()->index(1, 0));
+    const auto drag = [&](int distance) {
+        auto *viewport = rows().viewport();
+        QTest::mousePress(viewport, Qt::LeftButton, {}, row.center());
+        for (const int step : {distance / 2, distance})
+            QTest::mouseMove(viewport, row.center() + QPoint(step, 0));
+        QTest::mouseRelease(viewport, Qt::LeftButton, {}, row.center() + QPoint(distance, 0));
+        settle();
+    };
+    drag(QApplication::startDragDistance() * 2);
+    EXPECT_FALSE(sheet());
+    drag(QApplication::startDragDistance() / 2);
+    EXPECT_TRUE(sheet());
+}
+
 TEST_F(ContactScreen, EverythingHasAName) {
     open("ab");
     EXPECT_TRUE(showsText(*section, u"Contacts"_s));

@@ -4,6 +4,7 @@
 #include "ui/screens/RowDelegate.h"
 #include "ui/screens/RowSwipes.h"
 
+#include <QApplication>
 #include <QContextMenuEvent>
 #include <QKeyEvent>
 #include <QMenu>
@@ -118,13 +119,20 @@ void RowsView::ensureCurrent() {
 
 /// A menu does not change what is selected.
 void RowsView::mousePressEvent(QMouseEvent *event) {
-    if (event->button() != Qt::RightButton)
-        QListView::mousePressEvent(event);
+    if (event->button() == Qt::RightButton)
+        return;
+    m_pressedPlace = event->pos();
+    QListView::mousePressEvent(event);
 }
 
 void RowsView::mouseReleaseEvent(QMouseEvent *event) {
-    if (event->button() != Qt::RightButton)
-        QListView::mouseReleaseEvent(event);
+    if (event->button() == Qt::RightButton)
+        return;
+    // Who drags a row has not clicked it.
+    const bool isDrag = (event->pos() - m_pressedPlace).manhattanLength() >= QApplication::startDragDistance();
+    const bool wasBlocked = blockSignals(isDrag || signalsBlocked());
+    QListView::mouseReleaseEvent(event);
+    blockSignals(wasBlocked);
 }
 
 void RowsView::contextMenuEvent(QContextMenuEvent *event) {

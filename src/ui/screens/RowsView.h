@@ -55,5 +55,6 @@ private:
     void markMenuRow(const QModelIndex &index);
 
     RowDelegate *m_delegate;
+    QPoint m_pressedPlace;
     ActionsOf m_actionsOf;
 };
