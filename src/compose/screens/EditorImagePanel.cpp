@@ -3,9 +3,9 @@
 #include "compose/EditorImageFile.h"
 #include "platform/BackgroundWork.h"
 
+#include <QDir>
 #include <QFileDialog>
 #include <QMimeDatabase>
-#include <QStandardPaths>
 
 using namespace Qt::StringLiterals;
 
@@ -30,10 +30,9 @@ QStringList readImages(const QStringList &paths) {
 } // namespace
 
 void showEditorImagePanel(QWidget *parent, const std::function<void(const QString &dataURL)> &insert) {
-    auto *panel = new QFileDialog(parent, QObject::tr("Insert Image"));
+    auto *panel = new QFileDialog(parent, QObject::tr("Insert Image"), QDir::homePath());
     panel->setAttribute(Qt::WA_DeleteOnClose);
     panel->setFileMode(QFileDialog::ExistingFiles);
-    panel->setDirectory(QStandardPaths::writableLocation(QStandardPaths::PicturesLocation));
     panel->setOption(QFileDialog::HideNameFilterDetails);
     panel->setNameFilter(QObject::tr("Images (%1)").arg(imagePatterns().join(u' ')));
     QObject::connect(panel, &QFileDialog::filesSelected, parent, [parent, insert](const QStringList &paths) {
