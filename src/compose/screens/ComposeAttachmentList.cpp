@@ -80,6 +80,7 @@ void ComposeAttachmentList::addRow(const QString &symbol, const QString &name, q
     auto *removeButton = new IconButton(u"xmark.circle.fill"_s, tr("Remove %1").arg(name));
     layout->addWidget(new SymbolView(symbol, symbolSize));
     auto *words = new ClampedLabel(1);
+    words->setElideMode(Qt::ElideMiddle); // names differ in their ends
     words->setText(name);
     layout->addWidget(words, 1);
     layout->addWidget(new ThemeLabel(fileSizeText(size), TextStyle::caption, TextRole::secondary));

@@ -56,7 +56,7 @@ QStringList ClampedLabel::lines(int width) const {
         line.setLineWidth(width);
         const bool isLast = shown.size() + 1 == m_maximumLines;
         const auto rest = words.mid(line.textStart(), isLast ? -1 : line.textLength());
-        shown.append(isLast ? fontMetrics().elidedText(rest, Qt::ElideRight, width) : rest);
+        shown.append(isLast ? fontMetrics().elidedText(rest, m_elideMode, width) : rest);
         if (isLast)
             break;
     }
@@ -66,7 +66,7 @@ QStringList ClampedLabel::lines(int width) const {
 
 bool ClampedLabel::isCut() const {
     const auto shown = lines(contentsRect().width());
-    return !shown.isEmpty() && shown.last().endsWith(QChar(0x2026)) && !text().endsWith(QChar(0x2026));
+    return !shown.isEmpty() && !text().simplified().endsWith(shown.last());
 }
 
 bool ClampedLabel::event(QEvent *event) {

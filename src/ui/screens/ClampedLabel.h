@@ -10,6 +10,9 @@ public:
     explicit ClampedLabel(int maximumLines, TextStyle style = TextStyle::body, TextRole role = TextRole::main,
                           QWidget *parent = nullptr);
 
+    /// Where the ellipsis stands in the last line; at its end unless told otherwise.
+    void setElideMode(Qt::TextElideMode mode) { m_elideMode = mode; }
+
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
     bool hasHeightForWidth() const override { return m_maximumLines > 1; }
@@ -26,4 +29,5 @@ private:
     int lineHeight() const { return fontMetrics().lineSpacing(); }
 
     const int m_maximumLines;
+    Qt::TextElideMode m_elideMode = Qt::ElideRight;
 };
