@@ -30,19 +30,21 @@ QStringList wantedLanguages() {
     return languages;
 }
 
-QStringList installedLanguages() {
-    QStringList languages;
-    for (const auto &file : QDir(systemDictionaries).entryInfoList({u"??_??.dic"_s}, QDir::Files, QDir::Name))
-        languages.append(file.completeBaseName());
-    return languages;
-}
-
 QString dictionaryOf(const QString &language) {
     for (const auto &file :
          {convertedDictionaries + u'/' + language + u".bdic"_s, systemDictionaries + u'/' + language + u".dic"_s})
         if (QFile::exists(file))
             return file;
     return {};
+}
+
+/// For a desktop that names no language: the program speaks English.
+QStringList installedEnglish() {
+    QStringList kinds{u"en_US"_s, u"en_GB"_s};
+    for (const auto &file : QDir(systemDictionaries).entryInfoList({u"en_??.dic"_s}, QDir::Files, QDir::Name))
+        kinds.append(file.completeBaseName());
+    kinds.removeIf([](const QString &kind) { return dictionaryOf(kind).isEmpty(); });
+    return kinds.mid(0, 1);
 }
 
 bool isConverted(const QString &dictionary) {
@@ -100,9 +102,8 @@ void checkSpelling(WebProfile *profile) {
     if (!QDir().mkpath(spellingFolder()))
         return;
     auto languages = wantedLanguages();
-    // Where the desktop names no language any is better than none; another than the person's would mark every word.
     if (languages.isEmpty())
-        languages = installedLanguages().mid(0, 1);
+        languages = installedEnglish();
     languages.removeIf([](const QString &language) { return dictionaryOf(language).isEmpty() || !provide(language); });
     profile->setSpellCheckLanguages(languages);
     profile->setSpellCheckEnabled(!languages.isEmpty());
