@@ -1,9 +1,11 @@
 #include "screens/ScreenTest.h"
 #include "screens/Widgets.h"
+#include "ui/Contrast.h"
 #include "ui/ThemeManager.h"
 #include "ui/screens/AppStyle.h"
 #include "ui/screens/AvatarView.h"
 #include "ui/screens/Buttons.h"
+#include "ui/screens/ClampedLabel.h"
 #include "ui/screens/ConfirmationSheet.h"
 #include "ui/screens/EmptyStateView.h"
 #include "ui/screens/ErrorBanner.h"
@@ -158,6 +160,48 @@ TEST_F(KitTest, ControlsAreNamedByTheirTextOrHelp) {
     AvatarView avatar(32);
     avatar.setPerson(u"Anna Weber"_s);
     EXPECT_EQ(accessibleName(avatar), u"Anna Weber"_s);
+}
+
+/// How strongly a button's words stand out from it, and the button from the page.
+struct ButtonContrast {
+    double words, button;
+};
+
+ButtonContrast contrastOf(QPushButton &button) {
+    const QImage image = button.grab().toImage();
+    const auto fill = image.pixelColor(6, image.height() / 2);
+    ButtonContrast contrast{1, contrastRatio(fill, AppStyle::theme().bg)};
+    for (int x = 6; x < image.width() - 6; ++x)
+        for (int y = 6; y < image.height() - 6; ++y)
+            contrast.words = std::max(contrast.words, contrastRatio(image.pixelColor(x, y), fill));
+    return contrast;
+}
+
+TEST_F(KitTest, ADisabledPrimaryButtonIsDimInEveryTheme) {
+    PrimaryButton button(u"Send"_s);
+    for (const auto &theme : pickerThemes()) {
+        show(theme.id);
+        button.setEnabled(true);
+        const auto enabled = contrastOf(button);
+        button.setEnabled(false);
+        const auto disabled = contrastOf(button);
+        EXPECT_GT(enabled.button, disabled.button * 1.8) << qPrintable(theme.id);
+        EXPECT_LT(disabled.words, 3.2) << qPrintable(theme.id);
+        EXPECT_GT(disabled.words, 1.7) << qPrintable(theme.id);
+    }
+}
+
+TEST_F(KitTest, AnEllipsisInTheMiddleLeavesBothEnds) {
+    const auto grabbed = [](const QString &name, Qt::TextElideMode mode) {
+        ClampedLabel label(1);
+        label.setElideMode(mode);
+        label.setText(name);
+        label.resize(120, label.sizeHint().height());
+        return label.grab().toImage();
+    };
+    const auto stem = QString(60, u'n');
+    EXPECT_NE(grabbed(stem + u".pdf"_s, Qt::ElideMiddle), grabbed(stem + u".zip"_s, Qt::ElideMiddle));
+    EXPECT_EQ(grabbed(stem + u".pdf"_s, Qt::ElideRight), grabbed(stem + u".zip"_s, Qt::ElideRight));
 }
 
 TEST_F(KitTest, ReturnPressesTheButtonThatHasTheFocus) {

@@ -26,7 +26,7 @@ bool isEnabled(const QStyleOption &option) {
 
 QColor primaryFill(const QStyleOption &option, const ThemeDefinition &theme) {
     if (!isEnabled(option))
-        return mixed(theme.primary, theme.bgWhite, 0.4);
+        return mixed(theme.primary, theme.bgWhite, 0.75);
     if (isDown(option))
         return theme.primaryDark;
     return isHovered(option) ? mixed(theme.primary, theme.primaryDark, 0.5) : theme.primary;
@@ -40,7 +40,7 @@ QColor plainFill(const QStyleOption &option, const ThemeDefinition &theme) {
 
 QColor labelColor(const QStyleOption &option, ButtonRole role, const ThemeDefinition &theme) {
     if (!isEnabled(option))
-        return role == ButtonRole::primary ? theme.textOnPrimary()
+        return role == ButtonRole::primary ? mixed(primaryFill(option, theme), theme.text, 0.35)
                                            : option.palette.color(QPalette::Disabled, QPalette::ButtonText);
     switch (role) {
     case ButtonRole::primary:
