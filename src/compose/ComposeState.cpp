@@ -208,11 +208,13 @@ QCoro::Task<> ComposeState::send() {
     const auto self = shared_from_this();
     if (m_isClosed || !canSend())
         co_return;
+    SendOutcomes::Send running(m_appState->sendOutcomes);
     const bool isSent = co_await viewModel->send();
     m_isSent = isSent;
-    if (m_isSent)
+    if (m_isSent) {
+        running.succeeded();
         Q_EMIT m_appState->sendOutcomes.messageSent(m_account);
-    else if (m_isClosed)
+    } else if (m_isClosed)
         surfaceUnsent(viewModel->errorMessage);
     if (m_isSent && !m_isClosed)
         Q_EMIT dismissed();

@@ -2,6 +2,16 @@
 
 #include <algorithm>
 
+SendOutcomes::Send::Send(SendOutcomes &outcomes)
+    : m_outcomes(outcomes) {
+    ++m_outcomes.m_sends;
+}
+
+SendOutcomes::Send::~Send() {
+    --m_outcomes.m_sends;
+    Q_EMIT m_outcomes.sendEnded(m_isSent);
+}
+
 std::vector<UnsentMessage> SendOutcomes::unsent(const QString &account) const {
     std::vector<UnsentMessage> own;
     std::ranges::copy_if(m_unsent, std::back_inserter(own),

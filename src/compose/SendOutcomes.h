@@ -31,9 +31,27 @@ public:
     /// Gives the message away; null when there is none of this id.
     std::shared_ptr<ComposeViewModel> take(const QUuid &id);
 
+    /// One message that is being sent, for as long as this lives. Not sent unless told so.
+    class Send {
+    public:
+        explicit Send(SendOutcomes &outcomes);
+        ~Send();
+        Q_DISABLE_COPY_MOVE(Send)
+
+        void succeeded() { m_isSent = true; }
+
+    private:
+        SendOutcomes &m_outcomes;
+        bool m_isSent = false;
+    };
+    bool isSending() const { return m_sends > 0; }
+
 Q_SIGNALS:
     void messageSent(const QString &account);
+    /// Comes after `messageSent`, or after an unsent message was added.
+    void sendEnded(bool isSent);
 
 private:
     std::vector<UnsentMessage> m_unsent;
+    int m_sends = 0;
 };

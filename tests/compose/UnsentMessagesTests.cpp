@@ -225,6 +225,23 @@ TEST_F(UnsentMessages, ASecondSendHasNoOutcome) {
     EXPECT_EQ(notices(), oneNotice);
 }
 
+TEST_F(UnsentMessages, ASendCountsUntilItsOutcomeIsKnown) {
+    auto &outcomes = state->sendOutcomes;
+    std::vector<std::pair<bool, std::size_t>> ends;
+    QObject::connect(&outcomes, &SendOutcomes::sendEnded, &outcomes,
+                     [&](bool isSent) { ends.emplace_back(isSent, outcomes.unsent(state->account()).size()); });
+    for (const bool isSent : {true, false}) {
+        write();
+        auto &exchange = beginSend();
+        EXPECT_TRUE(outcomes.isSending());
+        closeScreen();
+        screen.reset();
+        isSent ? succeed(exchange) : fail(exchange);
+        EXPECT_FALSE(outcomes.isSending());
+    }
+    EXPECT_EQ(ends, (std::vector<std::pair<bool, std::size_t>>{{true, 0}, {false, 1}}));
+}
+
 TEST_F(UnsentMessages, NothingIsSentFromAScreenThatHasGone) {
     write();
     closeScreen();

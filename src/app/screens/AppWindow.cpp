@@ -3,7 +3,16 @@
 #include "app/screens/MenuBar.h"
 #include "ui/screens/AccessibleRole.h"
 
+#include <QApplication>
+#include <QEvent>
 #include <QVBoxLayout>
+
+void bringToFront(QWidget &window) {
+    window.setWindowState(window.windowState() & ~Qt::WindowMinimized);
+    window.show();
+    window.raise();
+    window.activateWindow();
+}
 
 AppWindow::AppWindow(const QString &title, std::shared_ptr<AppState> appState,
                      const std::function<void()> &openMainWindow) {
@@ -23,4 +32,17 @@ AppWindow::~AppWindow() {
 void AppWindow::setContent(QWidget *content) {
     m_content = content;
     layout()->addWidget(content);
+}
+
+bool AppWindow::event(QEvent *event) {
+    // In the next turn, when the windows have settled who is active.
+    if (event->type() == QEvent::WindowActivate)
+        QMetaObject::invokeMethod(this, &AppWindow::yieldToModal, Qt::QueuedConnection);
+    return QWidget::event(event);
+}
+
+void AppWindow::yieldToModal() {
+    for (auto *other : QApplication::topLevelWidgets())
+        if (other->isVisible() && other->isModal() && other->parentWidget() && other->parentWidget()->window() == this)
+            return bringToFront(*other);
 }

@@ -7,7 +7,11 @@
 
 class AppState;
 
-/// A window of the program: a menu bar, and under it the content, whose screens say what the menus can do.
+/// Shows the window above the others, even if it was minimised, and gives it the keyboard.
+void bringToFront(QWidget &window);
+
+/// A window of the program: a menu bar, and under it the content, whose screens say what the menus can do. While a
+/// modal window of its own is open, that one comes to the front in its place.
 class AppWindow final : public QWidget {
     Q_OBJECT
 public:
@@ -19,7 +23,12 @@ public:
     void setContent(QWidget *content);
     QWidget *content() const { return m_content; }
 
+protected:
+    bool event(QEvent *event) override;
+
 private:
+    void yieldToModal();
+
     FocusedActions m_focusedActions;
     QWidget *m_content = nullptr;
 };

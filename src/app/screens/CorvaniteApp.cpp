@@ -17,17 +17,11 @@ constexpr QSize smallestMainContent(860, 520);
 constexpr QSize emailWindowSize(820, 720);
 constexpr QSize smallestEmailContent(640, 520);
 
-void bringToFront(QWidget &window) {
-    window.setWindowState(window.windowState() & ~Qt::WindowMinimized);
-    window.show();
-    window.raise();
-    window.activateWindow();
-}
-
 } // namespace
 
 CorvaniteApp::CorvaniteApp() {
     observe(&m_appState->themeManager, this, &CorvaniteApp::applyTheme);
+    connect(&m_quitting, &QuitAfterSending::failed, this, &CorvaniteApp::openMainWindow);
     connect(qGuiApp, &QGuiApplication::applicationStateChanged, this, [this](Qt::ApplicationState state) {
         m_appState->isActive = state == Qt::ApplicationActive;
         if (m_appState->isActive)
@@ -80,6 +74,7 @@ void CorvaniteApp::makeMainWindow() {
 void CorvaniteApp::openMainWindow() {
     if (!m_mainWindow)
         makeMainWindow();
+    m_quitting.cancel();
     bringToFront(*m_mainWindow);
 }
 

@@ -2,6 +2,7 @@
 
 #include "app/MacAppDelegate.h"
 #include "app/screens/AppWindow.h"
+#include "app/screens/QuitAfterSending.h"
 #include "mail/EmailWindowRef.h"
 #include "platform/desktop/SystemAppearance.h"
 
@@ -31,6 +32,7 @@ private:
     void makeMainWindow();
 
     std::shared_ptr<AppState> m_appState = std::make_shared<AppState>();
+    QuitAfterSending m_quitting{m_appState->sendOutcomes};
     MacAppDelegate m_delegate;
     std::unique_ptr<SystemAppearance> m_appearance;
     std::unique_ptr<AppWindow> m_mainWindow;
