@@ -3,6 +3,7 @@
 #include "app/screens/AppWindow.h"
 #include "app/screens/ComposePresenter.h"
 #include "compose/screens/ComposeAttachmentList.h"
+#include "compose/screens/ComposeEditorView.h"
 #include "compose/screens/ContactSuggestions.h"
 #include "compose/screens/DropFrame.h"
 #include "screens/SectionScreenFixture.h"
@@ -156,8 +157,21 @@ TEST_F(ComposeScreen, WhoeverSendsGoesOnInTheText) {
     auto &sending = server.expect("POST", "/api/emails/send").held();
     QTest::mouseClick(named<QPushButton>(u"Send"_s), Qt::LeftButton);
     sending.request();
+    EXPECT_TRUE(spinUntil([this] { return QApplication::focusWidget() == named<QPlainTextEdit>(u"Message"_s); }));
+    answer(sending, "{}");
+    EXPECT_TRUE(spinUntil([this] { return dismissals == 1; }));
+}
+
+TEST_F(ComposeScreen, NothingLiesUponAnotherAtTheSmallestSize) {
+    open();
+    view->state().viewModel->showCc = true;
+    view->state().viewModel->errorMessage = u"Too big"_s;
     settle();
-    EXPECT_EQ(QApplication::focusWidget(), named<QPlainTextEdit>(u"Message"_s));
+    section->resize(520, 1);
+    settle();
+    const auto *send = named<QPushButton>(u"Send"_s);
+    EXPECT_LE(view->editor()->mapTo(view, QPoint(0, view->editor()->height())).y(), send->mapTo(view, QPoint()).y());
+    EXPECT_GE(view->editor()->height(), 120);
 }
 
 TEST_F(ComposeScreen, CopiesAreShownForGood) {

@@ -70,7 +70,7 @@ void ComposeEditorToolbar::addInsertButtons() {
     addMenu(u"photo"_s, tr("Insert Image"), images);
     m_buttons.last()->setToolTip(tr("Insert Image"));
     addAction(u"minus"_s, tr("Horizontal Rule"), [this] { run(EditorScript::insertRule()); });
-    addCommand(u"xmark.circle"_s, tr("Clear Format"), u"removeFormat"_s);
+    addCommand(u"eraser"_s, tr("Clear Format"), u"removeFormat"_s);
 }
 
 IconButton *ComposeEditorToolbar::add(const QString &symbol, const QString &name, const QString &help) {

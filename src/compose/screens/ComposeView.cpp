@@ -181,6 +181,14 @@ void ComposeView::showAttachmentPicker() {
     picker->open();
 }
 
+// The narrower the screen, the more rows the toolbar has, of which the layout's own minimum knows nothing.
+bool ComposeView::event(QEvent *event) {
+    const bool isHandled = MailThemeBackground::event(event);
+    if (event->type() == QEvent::Resize || event->type() == QEvent::LayoutRequest)
+        setMinimumHeight(layout()->totalMinimumHeightForWidth(width()));
+    return isHandled;
+}
+
 void ComposeView::dragEnterEvent(QDragEnterEvent *event) {
     if (!event->mimeData()->hasUrls())
         return;

@@ -32,6 +32,7 @@ Q_SIGNALS:
     void titleChanged(const QString &title);
 
 protected:
+    bool event(QEvent *event) override;
     void dragEnterEvent(QDragEnterEvent *event) override;
     void dragLeaveEvent(QDragLeaveEvent *event) override;
     void dropEvent(QDropEvent *event) override;
