@@ -1,10 +1,12 @@
 #include "web/UnguardedEngine.h"
 
 #include <QTest>
+#include <QWebEngineProfile>
 #include <QWebEngineSettings>
 
+// A profile that goes while one of its requests is under way can take the engine down, so it lives to the end.
 UnguardedEngine::UnguardedEngine() {
-    auto *page = new QWebEnginePage(&m_profile, &m_view);
+    auto *page = new QWebEnginePage(new QWebEngineProfile(QCoreApplication::instance()), &m_view);
     page->settings()->setAttribute(QWebEngineSettings::PlaybackRequiresUserGesture, false);
     page->settings()->setAttribute(QWebEngineSettings::DnsPrefetchEnabled, true);
     page->settings()->setAttribute(QWebEngineSettings::HyperlinkAuditingEnabled, true);

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QWebEngineProfile>
 #include <QWebEngineView>
 
 /// The web engine as a browser uses it, with scripts and without a gate: what it loads shows that a hostile mail would
@@ -15,7 +14,6 @@ public:
     bool hasLoaded() const { return m_loaded; }
 
 private:
-    QWebEngineProfile m_profile;
     QWebEngineView m_view;
     bool m_loaded = false;
 };
