@@ -20,7 +20,7 @@ const frameSelector = 'iframe, frame, object, embed, portal';
 // The engine takes a second to lay out a quotation of a megabyte, so it comes into the page piece by piece and the
 // person can write meanwhile. The first piece, in nodes, fills the display and is painted before the next one comes; a
 // later one keeps the engine for 50 ms.
-const firstPiece = 600, laterPiece = 2400;
+const firstPiece = 300, laterPiece = 2400;
 const paintTime = 50;
 let copying = null;
 let copyTimer = 0;
