@@ -22,7 +22,7 @@ constexpr qsizetype shortestQuery = 2;
 } // namespace
 
 std::shared_ptr<ComposeState> ComposeState::make(std::shared_ptr<AppState> appState) {
-    const std::shared_ptr<ComposeState> state(new ComposeState(std::move(appState)));
+    std::shared_ptr<ComposeState> state(new ComposeState(std::move(appState)));
     connect(state->viewModel.get(), &ObservableObject::changed, state.get(), &ObservableObject::scheduleChange);
     // What it offers depends on the account.
     connect(state->m_appState.get(), &ObservableObject::changed, state.get(), &ObservableObject::scheduleChange);
@@ -211,13 +211,14 @@ QCoro::Task<> ComposeState::send() {
     SendOutcomes::Send running(m_appState->sendOutcomes);
     const bool isSent = co_await viewModel->send();
     m_isSent = isSent;
-    if (m_isSent) {
+    if (isSent) {
         running.succeeded();
         Q_EMIT m_appState->sendOutcomes.messageSent(m_account);
-    } else if (m_isClosed)
+        if (!m_isClosed)
+            Q_EMIT dismissed();
+    } else if (m_isClosed) {
         surfaceUnsent(viewModel->errorMessage);
-    if (m_isSent && !m_isClosed)
-        Q_EMIT dismissed();
+    }
 }
 
 void ComposeState::surfaceUnsent(const std::optional<QString> &error) {

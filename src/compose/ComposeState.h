@@ -40,6 +40,9 @@ public:
     /// all once the screen has gone.
     using ReadEditor = std::function<void(std::function<void(std::optional<QString>)>)>;
     void readEditorWith(ReadEditor read) { m_readEditor = std::move(read); }
+    /// Brings the last keys into `viewModel`, which the editor has not reported yet, and then calls `then`; not once
+    /// the screen has gone.
+    void withEditorText(std::function<void(ComposeState &)> then);
     /// Fills the message; a second call does nothing.
     void start();
     bool isFilled() const { return m_isFilled; }
@@ -99,8 +102,6 @@ private:
     /// Whether what others leave in `AppState` for a message is for this one.
     bool isCurrent() const;
 
-    /// Brings the last keys into `viewModel` first, which the editor has not reported yet.
-    void withEditorText(std::function<void(ComposeState &)> change);
     QCoro::Task<> fill();
     void fillFromRequest();
     void finishFilling();

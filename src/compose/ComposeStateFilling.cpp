@@ -25,16 +25,16 @@ QCoro::Task<> ComposeState::fill() {
     withEditorText(fillNow);
 }
 
-void ComposeState::withEditorText(std::function<void(ComposeState &)> change) {
+void ComposeState::withEditorText(std::function<void(ComposeState &)> then) {
     if (!m_readEditor)
-        return change(*this);
-    m_readEditor([weakSelf = weak_from_this(), change](const std::optional<QString> &html) {
+        return then(*this);
+    m_readEditor([weakSelf = weak_from_this(), then](const std::optional<QString> &html) {
         const auto self = weakSelf.lock();
         if (!self || self->m_isClosed)
             return;
         if (html)
             self->editorChanged(*html);
-        change(*self);
+        then(*self);
     });
 }
 

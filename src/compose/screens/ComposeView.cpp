@@ -110,26 +110,20 @@ void ComposeView::beginToWrite() {
         m_editor->focusEditor();
 }
 
-// What was typed last may not have been reported yet.
 void ComposeView::giveUp() {
-    if (!m_state->isKept())
-        return dismissed();
-    m_editor->fetchContent([this](const std::optional<QString> &html) {
-        if (html)
-            m_state->editorChanged(*html);
+    if (m_state->isKept())
+        m_state->withEditorText([this](ComposeState &) { Q_EMIT dismissed(); });
+    else
         Q_EMIT dismissed();
-    });
 }
 
 void ComposeView::send() {
     if (!m_state->canSend() || std::exchange(m_awaitsText, true))
         return;
-    m_editor->fetchContent([this](const std::optional<QString> &html) {
+    m_state->withEditorText([this](ComposeState &state) {
         m_awaitsText = false;
-        if (html)
-            m_state->editorChanged(*html);
         m_fields->focusMissing();
-        launch(m_state->send());
+        launch(state.send());
     });
 }
 
