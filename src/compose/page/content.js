@@ -75,7 +75,6 @@ window.addEventListener('keydown', event => {
 
 // What begins with what was told last only adds to it: that stays as it is, with the caret and keys that came since.
 function setContent(html) {
-    copyRest();
     const isAddition = told !== null && html.startsWith(told);
     const parsed = parse(isAddition ? html.slice(told.length) : html);
     if (!isAddition) editor.replaceChildren();
