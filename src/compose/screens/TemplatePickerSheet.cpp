@@ -53,7 +53,6 @@ QWidget *TemplatePickerSheet::makeList() {
 }
 
 void TemplatePickerSheet::pick(const QModelIndex &index) {
-    const auto &id = static_cast<const ListRowModel *>(index.model())->row(index.row()).id;
-    m_state->pickTemplate(*std::ranges::find(m_templates, id, &EmailTemplate::_id));
+    m_state->pickTemplate(m_templates[std::size_t(index.row())]);
     accept();
 }
