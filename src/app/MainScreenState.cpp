@@ -8,7 +8,7 @@
 using namespace Qt::StringLiterals;
 
 std::shared_ptr<MainScreenState> MainScreenState::make(std::shared_ptr<AppState> appState) {
-    const std::shared_ptr<MainScreenState> state(new MainScreenState(std::move(appState)));
+    std::shared_ptr<MainScreenState> state(new MainScreenState(std::move(appState)));
     state->start();
     return state;
 }

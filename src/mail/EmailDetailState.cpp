@@ -9,7 +9,7 @@
 using namespace Qt::StringLiterals;
 
 std::shared_ptr<EmailDetailState> EmailDetailState::make(std::shared_ptr<AppState> appState) {
-    const std::shared_ptr<EmailDetailState> state(new EmailDetailState(std::move(appState)));
+    std::shared_ptr<EmailDetailState> state(new EmailDetailState(std::move(appState)));
     connect(state->viewModel.get(), &ObservableObject::changed, state.get(), &ObservableObject::scheduleChange);
     connect(&FlagChanges::shared(), &FlagChanges::changed, state.get(), &EmailDetailState::takeFlag);
     return state;

@@ -15,7 +15,7 @@ constexpr auto searchDelay = std::chrono::milliseconds(300);
 } // namespace
 
 std::shared_ptr<EmailListState> EmailListState::make(std::shared_ptr<AppState> appState) {
-    const std::shared_ptr<EmailListState> state(new EmailListState(std::move(appState)));
+    std::shared_ptr<EmailListState> state(new EmailListState(std::move(appState)));
     connect(state->viewModel.get(), &ObservableObject::changed, state.get(), &EmailListState::takeModelChange);
     connect(state->filters.get(), &EmailListFilters::reloadRequested, state.get(), &EmailListState::reload);
     connect(state->m_appState.get(), &ObservableObject::changed, state.get(), &EmailListState::answerChangedFolder);

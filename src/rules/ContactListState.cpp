@@ -28,7 +28,7 @@ ListRow contactRow(const Contact &contact) {
 } // namespace
 
 std::shared_ptr<ContactListState> ContactListState::make() {
-    const std::shared_ptr<ContactListState> state(new ContactListState);
+    std::shared_ptr<ContactListState> state(new ContactListState);
     connect(state.get(), &ObservableObject::changed, state.get(), &ContactListState::renewRows);
     state->reload();
     return state;

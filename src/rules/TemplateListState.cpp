@@ -8,7 +8,7 @@
 using namespace Qt::StringLiterals;
 
 std::shared_ptr<TemplateListState> TemplateListState::make() {
-    const std::shared_ptr<TemplateListState> state(new TemplateListState);
+    std::shared_ptr<TemplateListState> state(new TemplateListState);
     connect(state.get(), &ObservableObject::changed, state.get(), &TemplateListState::renewRows);
     state->reload();
     return state;
